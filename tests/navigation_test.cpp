@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "tests/learner.h"
+#include "tests/rows.h"
+
+namespace chiffrolo::test {
+
+namespace {
+
+// 47+35, answered rightly.
+#define RIGHT_ANSWER "rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nkey 8\nkey 2\nkey Enter\n"
+#define LEVEL_PASSED RIGHT_ANSWER "set score 10\nkey Enter\n"
+
+class Navigation : public testing::TestWithParam<Row> {};
+
+/// The last line of a scenario is what is looked at; the lines before lead there.
+TEST_P(Navigation, moves) {
+  const std::string scenario = GetParam().scenario;
+  const auto last = scenario.rfind('\n') == std::string::npos ? 0 : scenario.rfind('\n') + 1;
+  Learner learner(scenario.substr(0, last));
+  if (last > 0) learner.moves();
+  learner.play(scenario.substr(last));
+  EXPECT_EQ(learner.moves(), GetParam().expected);
+}
+
+ROWS(Navigation, {"start", "", "load accueil, activate accueil"},
+     {"additions", "\nclick Commande1", "load addition, activate addition"},
+     {"multiplications", "\nclick Commande2", "load multiplication, activate multiplication"},
+     {"divisions", "\nclick Commande3", "load division, activate division"},
+     {"challenge", "\nclick Commande4", "load record, activate record"},
+     {"goodbye", "\nclick Commande5", "load Aurevoir, activate Aurevoir"},
+     {"goodbyeByEscape", "\nkey Escape", "load Aurevoir, activate Aurevoir"},
+     {"firstKeyOpensNothing", "\nkey Right", ""}, {"leftOpensNothing", "key Right\nkey Left", ""},
+     {"apostropheIsNotRight", "set essai 7\nkey '", ""},
+     {"secondKeyOpensAdditions", "key a\nkey Enter", "load addition, activate addition"},
+     {"cursorAt2", "set essai 2\nkey Right", "load multiplication, activate multiplication"},
+     {"cursorAt3", "set essai 3\nkey Space", "load division, activate division"},
+     {"cursorAt4", "set essai 4\nkey 1", "load record, activate record"},
+     {"cursorAt5", "set essai 5\nkey Right", "load Aurevoir, activate Aurevoir"},
+     {"cursorBeyond", "set essai 9\nkey Right", ""},
+     {"stopImage", RIGHT_ANSWER "click arret", "activate accueil"},
+     {"hiddenStopImage", "click Commande1\nclick arret", ""},
+     {"labelIsNoButton", "click Commande1\nclick titre", ""},
+     {"escapeFromAdditions", "click Commande1\nkey Escape", "activate accueil"},
+     {"backToLoadedAdditions", "click Commande1\nkey Escape\nclick Commande1", "activate addition"},
+     {"tenPointsLeadOn", RIGHT_ANSWER "set score 10\nclick flèche",
+      "load FIN, unload addition, activate FIN"},
+     {"homeFromFinByArrow", LEVEL_PASSED "click flèche", "activate accueil"},
+     {"homeFromFinByRight", LEVEL_PASSED "key Right", "activate accueil"},
+     {"homeFromFinByEnter", LEVEL_PASSED "key Enter", "activate accueil"},
+     {"homeFromFinByEscape", LEVEL_PASSED "key Escape", "activate accueil"},
+     {"finStaysOnDigit", LEVEL_PASSED "key 7", ""}, {"finStaysOnLeft", LEVEL_PASSED "key Left", ""},
+     {"secondLevelKeepsAdditions",
+      LEVEL_PASSED "key Enter\nclick Commande1\nset score 10\nkey 1\nfront accueil\nfront addition",
+      "activate addition, activate FIN"},
+     {"goodbyeIgnoresKeys", "key Escape\nkey Enter", ""},
+     {"goodbyeEndsByArrow", "click Commande1\nkey Escape\nkey Escape\nclick flèche", "end"},
+     {"closeLeadsHome", "click Commande1\nclose", "activate accueil, unload addition"},
+     {"closeGoodbye", "key Escape\nclose", "activate accueil, unload Aurevoir"},
+     {"closeHomeEnds", "click Commande1\nkey Escape\nclose", "end"},
+     {"frontOfUnloaded", "\nfront addition", ""}, {"frontOfActive", "\nfront accueil", ""},
+     {"frontOfLoaded", "click Commande1\nfront accueil", "activate accueil"});
+
+TEST(HomeCursor, goesRoundAndSkipsTheStart) {
+  Learner learner;
+  std::string cursor;
+  for (int key = 0; key < 7; ++key) {
+    learner.play("key Right\nfront accueil");
+    cursor += std::to_string(learner.shared().essai);
+  }
+  // Additions set `essai` to 0 when they load, so the cursor stays at 1; loaded ones leave it as it is.
+  EXPECT_EQ(cursor, "1123451");
+}
+
+TEST(HomeCursor, clicksAndEscapeLeaveIt) {
+  Learner learner("set essai 3\nclick Commande5\nfront accueil\nkey Escape");
+  EXPECT_EQ(learner.shared().essai, 3);
+}
+
+TEST(Score, isResetByLeavingAndByFin) {
+  EXPECT_EQ(Learner("click Commande1\nset score 4\nkey Escape").shared().score, 0);
+  EXPECT_EQ(Learner(RIGHT_ANSWER "set score 4\nclick arret").shared().score, 0);
+  EXPECT_EQ(Learner(LEVEL_PASSED).shared().score, 0);
+  EXPECT_EQ(Learner(LEVEL_PASSED "set score 4\nkey 7").shared().score, 0) << "any character typed on FIN";
+  EXPECT_EQ(Learner(LEVEL_PASSED "set score 4\nkey Left").shared().score, 4) << "no character, no way home";
+  EXPECT_EQ(Learner("rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nset score 4\nkey 9\nkey Enter\nkey Escape")
+                .shared()
+                .score,
+            3)
+      << "Escape while a correction waits";
+}
+
+TEST(Programs, liveSideBySide) {
+  Learner one(RIGHT_ANSWER);
+  Learner other("rnd 0.5 0.7 0.4 0.3 0.5\nclick Commande1");
+  EXPECT_EQ(one.shared().score, 1);
+  EXPECT_EQ(other.shared().score, 0);
+  other.play("key 4\nkey 7\nkey Enter");
+  EXPECT_EQ(other.shared().operation, "82-35");
+  EXPECT_EQ(one.shared().operation, "47+35");
+}
+
+} // namespace
+
+} // namespace chiffrolo::test

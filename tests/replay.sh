@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+#
+# Plays a scenario and compares what the program does with the transcript beside it.
+# Usage: replay.sh PLAYER FILE.scenario
+set -euo pipefail
+
+player=$1
+scenario=$2
+"$player" < "$scenario" | diff --label played --label expected - "${scenario%.scenario}.transcript"
