@@ -78,8 +78,7 @@ void AdditionScreen::drawOperation() {
   shared.couleur = 1;
   TirerOperation();
   Minuterie.turnOn();
-  shared.colonne = 60;
-  shared.ligne = 80;
+  moveTo(60, 80);
   EcrireExpression(shared.operation + "= ?");
   shared.colonne = CInt(TextWidth(shared.operation + "=") + 88);
 }
@@ -87,8 +86,7 @@ void AdditionScreen::drawOperation() {
 void AdditionScreen::drawTensStep() {
   erase({static_cast<Points>(shared.colonne - 24), 60}, 120);
   shared.couleur = 12;
-  shared.colonne = 60;
-  shared.ligne = 140;
+  moveTo(60, 140);
   EcrireExpression(shared.termes[2] + "= ?");
   shared.colonne = CInt(60 + 16 + TextWidth(shared.termes[2] + " = "));
 }

@@ -5,12 +5,8 @@
 
 namespace chiffrolo {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto answerLimit = 30000ms;
-constexpr int objectiveScore = 10;
 constexpr std::string_view expressionFace = "Times new roman";
 constexpr Points expressionSize = 28;
 
@@ -51,7 +47,7 @@ void ExerciseScreen::Minuterie_Timer() {
 
 void ExerciseScreen::NouvelleOperation() {
   Minuterie.setInterval(answerLimit);
-  if (shared.score == objectiveScore) return Show(ScreenName::FIN);
+  if (levelIsPassed()) return Show(ScreenName::FIN);
   eraseFeedback();
   flèche.hide();
   arret.hide();
@@ -60,6 +56,11 @@ void ExerciseScreen::NouvelleOperation() {
   shared.consigne.clear();
   colonneConsigne = 140;
   drawStep();
+}
+
+bool ExerciseScreen::levelIsPassed() const {
+  constexpr int objective = 10;
+  return shared.score == objective;
 }
 
 void ExerciseScreen::leave() {
@@ -72,11 +73,22 @@ void ExerciseScreen::leave() {
 
 void ExerciseScreen::keyOfAnswer() {
   if (!flèche.Visible()) erase({0, 240}, 350);
+  takeKey();
+}
+
+void ExerciseScreen::takeKey() {
   if (shared.touche == character::escape)
     leave();
-  else if (shared.touche == character::enter && shared.reponse.empty())
+  else if (shared.touche == character::enter)
+    keyEnter();
+  else if (!flèche.Visible())
+    SaisirChiffre();
+}
+
+void ExerciseScreen::keyEnter() {
+  if (shared.reponse.empty())
     redrawAnswer();
-  else if (shared.touche == character::enter || !flèche.Visible())
+  else
     SaisirChiffre();
 }
 
@@ -276,6 +288,11 @@ void ExerciseScreen::beginPrinting() {
   ForeColor = QBColor(shared.couleur);
   CurrentX = static_cast<Points>(shared.colonne);
   CurrentY = static_cast<Points>(shared.ligne);
+}
+
+void ExerciseScreen::moveTo(Integer colonne, Integer ligne) {
+  shared.colonne = colonne;
+  shared.ligne = ligne;
 }
 
 void ExerciseScreen::setFont(std::string_view face, Points size) {

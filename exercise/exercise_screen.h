@@ -17,7 +17,7 @@ struct ExerciseValues {
   int ligneBravo;             ///< top of "Bravo"; its ellipse and the score box keep their distance to it
   int colonneConsigneBravo;   ///< left end of the instruction line after a right answer
   std::string_view objective; ///< the instruction line after the first point
-  int dropOfTimes;            ///< how far below `ligne` the sign "x" is printed
+  int dropOfTimes{};          ///< how far below `ligne` the sign "x" is printed
   Spacing spacing{Spacing::aroundSigns};
   int eraserMargin{2};                        ///< how far left of `colonne` an answer is erased
   std::string_view firstDigits{"0123456789"}; ///< the digits that an answer may begin with
@@ -36,6 +36,8 @@ public:
   void Form_KeyPress(char32_t typed) override;
 
 protected:
+  static constexpr std::chrono::milliseconds answerLimit{30000};
+
   /// `values` live as long as the screen.
   ExerciseScreen(Program& program, const ScreenLayout& layout, const ExerciseValues& values);
 
@@ -47,8 +49,9 @@ protected:
 
   /// Starts the next operation or step, or leaves for the next screen when the objective is reached.
   virtual void NouvelleOperation();
-  /// Variation point: draws the operation or step that `essai` numbers; an unknown number draws nothing.
+  /// Variation point: draws the operation or step that is next, by `essai`; an unknown number draws nothing.
   virtual void drawStep() = 0;
+  bool levelIsPassed() const;
   /// Variation point: where giving up leads.
   virtual void leave();
 
@@ -59,6 +62,9 @@ protected:
   void EffacerReponse();
   /// Variation point: a key typed while an answer is awaited, or after an operation that ended well.
   virtual void keyOfAnswer();
+  void takeKey();
+  /// Variation point: Enter submits an answer, or asks again when there is none.
+  virtual void keyEnter();
   /// Variation point: a key typed while a correction waits.
   virtual void keyWhileWaiting();
   /// Variation point: whether a correction waits for the learner to go on.
@@ -108,6 +114,8 @@ protected:
   void EcrireExpression(std::string_view expression);
   void EcrireExpression(Integer number) { EcrireExpression(std::to_string(number)); }
 
+  /// Sets the position at which the printers print.
+  void moveTo(Integer colonne, Integer ligne);
   void setFont(std::string_view face, Points size);
   /// A white box from a corner to the right edge.
   void erase(Point topLeft, Points bottom);

@@ -2,6 +2,8 @@
 #include "shell/program.h"
 
 #include "exercise/addition.h"
+#include "modes/division.h"
+#include "modes/multiplication.h"
 #include "results/fin.h"
 #include "shell/accueil.h"
 #include "shell/aurevoir.h"
@@ -90,6 +92,8 @@ Program::HeldScreen Program::create(ScreenName screen) {
   switch (screen) {
   case ScreenName::accueil: return std::make_shared<AccueilScreen>(*this);
   case ScreenName::addition: return std::make_shared<AdditionScreen>(*this);
+  case ScreenName::multiplication: return std::make_shared<MultiplicationScreen>(*this);
+  case ScreenName::division: return std::make_shared<DivisionScreen>(*this);
   case ScreenName::FIN: return std::make_shared<FinScreen>(*this);
   case ScreenName::Aurevoir: return std::make_shared<AurevoirScreen>(*this);
   default: return std::make_shared<Screen>(*this, layoutOf(screen));

@@ -104,7 +104,8 @@ std::vector<VisibleTexts::Line> VisibleTexts::lines() const {
 
 void VisibleTexts::appendTexts(const Line& line, std::vector<VisibleText>& texts) {
   constexpr Points thinBlank = 0.15F; // of the font size; the blank of a bold serif face is a quarter
-  constexpr Points farApart = 2;      // font sizes
+  constexpr Points farApart = 1.7F;   // font sizes; more than the blanks before a question mark, less
+                                      // than the gap between a remainder and the quotient
   const Character* previous = nullptr;
   for (const Character& character : line) {
     const Points size = previous == nullptr ? 0 : std::max(previous->size, character.size);

@@ -2,10 +2,6 @@
 #include "tests/learner.h"
 #include "tests/rows.h"
 
-#include <array>
-#include <charconv>
-#include <map>
-
 namespace chiffrolo::test {
 
 namespace {
@@ -73,17 +69,6 @@ TEST(AdditionScore, countsFirstAttemptsUpAndEveryWrongAnswerDown) {
   EXPECT_EQ(score(WRONG), 0) << "never below 0";
 }
 
-TEST(AdditionLevel, isPassedByTenRightAnswers) {
-  Learner learner("click Commande1");
-  for (int count = 0; count < 10; ++count) {
-    for (const char digit : std::to_string(learner.shared().resultat))
-      learner.play(std::string("key ") + digit);
-    learner.play("key Enter\nkey Enter");
-  }
-  EXPECT_EQ(learner.program().active(), ScreenName::FIN);
-  EXPECT_EQ(learner.shared().score, 0) << "the Enter that led here is not judged a second time";
-}
-
 TEST(AdditionTimer, runsFromTheQuestionToTheJudgement) {
   Learner learner(ADDITION "key 8\nkey 2\nkey Enter");
   EXPECT_EQ(learner.effects({"addition timer", "addition show", "addition hide"}),
@@ -93,61 +78,6 @@ TEST(AdditionTimer, runsFromTheQuestionToTheJudgement) {
             "addition hide flèche, addition hide arret, addition timer Minuterie on 30000");
   learner.play("wait 20000\nfront accueil\nfront addition\nwait 20000");
   EXPECT_EQ(learner.effects({"addition timer"}), "") << "coming back starts a fresh limit";
-}
-
-// ---- The operations
-// -----------------------------------------------------------------------------------------
-
-struct Operation {
-  int left;
-  char sign;
-  int right;
-};
-
-Operation parsed(const std::string& text) {
-  const auto sign = text.find_first_of("+-");
-  return {std::stoi(text.substr(0, sign)), text[sign], std::stoi(text.substr(sign + 1))};
-}
-
-class AdditionDraws : public testing::TestWithParam<int> {};
-
-TEST_P(AdditionDraws, keepTheRulesOfTheirScore) {
-  constexpr int draws = 20000;
-  Learner learner("click Commande1");
-  int additions = 0;
-  int largest = 0;
-  for (int draw = 0; draw < draws; ++draw) {
-    learner.shared().score = GetParam();
-    learner.play("front accueil\nfront addition");
-    const auto& shared = learner.shared();
-    const auto [left, sign, right] = parsed(shared.operation);
-    const int result = sign == '+' ? left + right : left - right;
-    ASSERT_EQ(shared.resultat, result) << shared.operation;
-    const int sum = std::max(left, result);
-    for (const int number : {right, sum - right})
-      ASSERT_TRUE(number > 10 && number < 100 && number % 10 != 0) << number;
-    const auto tens = parsed(shared.termes[2]);
-    const auto units = parsed(shared.termes[3]);
-    ASSERT_EQ(tens.left, left);
-    ASSERT_EQ(tens.right, right / 10 * 10);
-    ASSERT_EQ(units.left, sign == '+' ? left + tens.right : left - tens.right);
-    ASSERT_EQ(units.right, right % 10);
-    largest = std::max(largest, sum);
-    additions += sign == '+' ? 1 : 0;
-  }
-  EXPECT_EQ(largest, GetParam() <= 5 ? 99 : 198);
-  // Three in ten, within six standard deviations of a binomial count.
-  EXPECT_NEAR(additions, 0.3 * draws, 6 * std::sqrt(draws * 0.3 * 0.7));
-}
-
-INSTANTIATE_TEST_SUITE_P(Scores, AdditionDraws, testing::Values(0, 5, 6, 9));
-
-TEST(AdditionDraw, rejectsWholeDrawsAtLowScores) {
-  // 95 + 95 at first, then 47 + 35.
-  EXPECT_EQ(Learner("rnd 0 0.5 0.99 0.99 0.5 0.7 0.4 0.3 0.5\nclick Commande1").shared().operation, "47+35");
-  Learner learner(ADDITION "set score 6\nkey Backspace\nfront accueil");
-  learner.play("rnd 0 0.5 0.99 0.99 0.5\nfront addition");
-  EXPECT_EQ(learner.shared().operation, "95+95");
 }
 
 } // namespace

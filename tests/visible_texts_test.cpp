@@ -100,7 +100,7 @@ TEST_F(OnASurface, clearTakesEverything) {
 
 TEST_F(OnASurface, linesAreReadFromTheTopAndTextsFromTheLeft) {
   print(100, 130, "c");
-  print(140, 100, "b"); // further than two characters are high: a text of its own
+  print(140, 100, "b"); // too far away: a text of its own
   print(100, 100, "a d");
   surface.FontSize = 5;
   print(118, 104, "x"); // small and low between tall ones

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "modes/long_division.h"
+#include "tests/drill.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+namespace chiffrolo::test {
+
+namespace {
+
+constexpr int draws = 100000;
+
+/// "47x3" is 47, 'x', 3; blanks do not count.
+struct Operation {
+  int left{};
+  char sign{};
+  int right{};
+};
+
+Operation parsed(std::string text) {
+  std::erase(text, ' ');
+  Operation operation;
+  std::istringstream(text) >> operation.left >> operation.sign >> operation.right;
+  return operation;
+}
+
+class Draws : public testing::TestWithParam<int> {
+protected:
+  const int score = GetParam();
+};
+
+INSTANTIATE_TEST_SUITE_P(Scores, Draws, testing::Range(0, 10));
+
+TEST_P(Draws, additions) {
+  Drill drill(ScreenName::addition);
+  Counts<bool> signs;
+  Counts<std::pair<int, int>> numbers;
+  for (int draw = 0; draw < draws; ++draw) {
+    const auto& shared = drill.draw(score);
+    const auto [left, sign, right] = parsed(shared.operation);
+    const bool adds = sign == '+';
+    const int result = adds ? left + right : left - right;
+    ASSERT_EQ(shared.resultat, result) << shared.operation;
+    const auto tens = parsed(shared.termes[2]);
+    const auto units = parsed(shared.termes[3]);
+    ASSERT_EQ(std::pair(tens.left, tens.right), std::pair(left, right - right % 10)) << shared.operation;
+    ASSERT_EQ(std::pair(units.left, units.right),
+              std::pair(adds ? left + tens.right : left - tens.right, right % 10));
+    ++signs[adds];
+    ++numbers[{adds ? left : result, right}];
+  }
+  // Two numbers without a 0 digit; up to a score of 5 their sum has two digits.
+  std::size_t pairs = 0;
+  for (int first = 11; first < 100; ++first)
+    for (int second = 11; second < 100; ++second)
+      pairs += first % 10 != 0 && second % 10 != 0 && (score > 5 || first + second < 100) ? 1 : 0;
+  EXPECT_TRUE(looksUniform(numbers, pairs)) << numbers.size() << " of " << pairs;
+  // Three in ten, within five standard deviations.
+  EXPECT_NEAR(signs[true], 0.3 * draws, 5 * std::sqrt(draws * 0.3 * 0.7));
+}
+
+TEST_P(Draws, multiplications) {
+  Drill drill(ScreenName::multiplication);
+  Counts<std::pair<int, int>> factors;
+  Counts<bool> numberFirst;
+  for (int draw = 0; draw < draws; ++draw) {
+    const auto& shared = drill.draw(score);
+    const auto [left, sign, right] = parsed(shared.operation);
+    const bool first = left > 9;
+    const int number = std::max(left, right);
+    const int multiplier = std::min(left, right);
+    const auto tens = parsed(shared.termes[2]);
+    const auto units = parsed(shared.termes[3]);
+    ASSERT_EQ(std::pair(first ? tens.left : tens.right, first ? tens.right : tens.left),
+              std::pair(number - number % 10, multiplier));
+    ASSERT_EQ(std::pair(first ? units.left : units.right, first ? units.right : units.left),
+              std::pair(number % 10, multiplier));
+    ++factors[{number, multiplier}];
+    ++numberFirst[first];
+  }
+  std::size_t pairs = 0;
+  for (int number = 11; number < 100; ++number)
+    for (int multiplier = score < 5 ? 2 : 3; multiplier <= (score < 5 ? 5 : 9); ++multiplier)
+      pairs += number % 10 != 0 && (score > 2 || number * multiplier < 100) ? 1 : 0;
+  EXPECT_TRUE(looksUniform(factors, pairs)) << factors.size() << " of " << pairs;
+  EXPECT_TRUE(looksUniform(numberFirst, 2));
+}
+
+TEST_P(Draws, divisions) {
+  Drill drill(ScreenName::division);
+  Counts<int> quotients;
+  Counts<int> divisors;
+  for (int draw = 0; draw < draws; ++draw) {
+    const auto& shared = drill.draw(score);
+    const auto [dividend, sign, divisor] = parsed(shared.operation);
+    ASSERT_EQ(shared.resultat * divisor, dividend) << shared.operation;
+    ASSERT_EQ(shared.operation.find(' ') == 1, dividend > 999) << shared.operation;
+    ++quotients[shared.resultat];
+    ++divisors[divisor];
+  }
+  EXPECT_EQ(quotients.begin()->first, 11);
+  EXPECT_EQ(quotients.rbegin()->first, score <= 2 ? 99 : 999);
+  EXPECT_TRUE(looksUniform(quotients, score <= 2 ? 89 : 989));
+  EXPECT_EQ(divisors.begin()->first, score <= 4 ? 2 : 6);
+  EXPECT_TRUE(looksUniform(divisors, 4));
+}
+
+TEST(LongDivisionDigits, areThoseOfTheWrittenDivision) {
+  struct Case {
+    int quotient, divisor;
+    const char *dividendDigits, *remainders, *broughtDown;
+  };
+  // 37 : 6 is 6 remainder 1, 12 : 6 is 2; 12 : 2, 3 : 2, 14 : 2; 80 : 8, 0 : 8, 8 : 8.
+  const Case cases[]{{62, 6, "372", "10", "2"},
+                     {24, 2, "48", "00", "8"},
+                     {617, 2, "1234", "010", "34"},
+                     {101, 8, "808", "000", "08"},
+                     {999, 9, "8991", "880", "91"}};
+  for (const auto& [quotient, divisor, dividendDigits, remainders, broughtDown] : cases) {
+    const LongDivision division(quotient, divisor);
+    std::string dividend, rests, down;
+    for (int index = 1; index <= division.dividendDigits(); ++index)
+      dividend += division.dividendDigit(index);
+    for (int index = 1; index <= division.quotientDigits(); ++index)
+      rests += division.remainder(index);
+    for (int index = 1; index < division.quotientDigits(); ++index)
+      down += division.broughtDown(index);
+    EXPECT_EQ(dividend, dividendDigits);
+    EXPECT_EQ(rests, remainders) << quotient << " x " << divisor;
+    EXPECT_EQ(down, broughtDown);
+  }
+}
+
+TEST(LongDivisionDigits, endWhereTheNumberEnds) {
+  const LongDivision division(62, 6);
+  for (const int beyond : {0, -1, 3, 32767}) {
+    EXPECT_EQ(division.quotientDigit(beyond), "") << beyond;
+    EXPECT_EQ(division.remainder(beyond), "") << beyond;
+  }
+  EXPECT_EQ(division.broughtDown(2), "");
+  EXPECT_EQ(LongDivision().quotientDigit(1), "");
+}
+
+} // namespace
+
+} // namespace chiffrolo::test
