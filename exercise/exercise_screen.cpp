@@ -48,14 +48,18 @@ void ExerciseScreen::Minuterie_Timer() {
 void ExerciseScreen::NouvelleOperation() {
   Minuterie.setInterval(answerLimit);
   if (levelIsPassed()) return Show(ScreenName::FIN);
+  shared.enAttente = 0;
+  beginStep();
+  drawStep();
+}
+
+void ExerciseScreen::beginStep() {
   eraseFeedback();
   flèche.hide();
   arret.hide();
-  shared.enAttente = 0;
   shared.reponse.clear();
   shared.consigne.clear();
   colonneConsigne = 140;
-  drawStep();
 }
 
 bool ExerciseScreen::levelIsPassed() const {

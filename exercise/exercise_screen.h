@@ -52,6 +52,8 @@ protected:
   /// Variation point: draws the operation or step that is next, by `essai`; an unknown number draws nothing.
   virtual void drawStep() = 0;
   bool levelIsPassed() const;
+  /// Wipes the feedback and what was typed.
+  void beginStep();
   /// Variation point: where giving up leads.
   virtual void leave();
 

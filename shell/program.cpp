@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "shell/program.h"
 
+#include "challenge/record.h"
 #include "exercise/addition.h"
 #include "modes/division.h"
 #include "modes/multiplication.h"
 #include "results/fin.h"
+#include "results/fin2.h"
 #include "shell/accueil.h"
 #include "shell/aurevoir.h"
 #include "shell/layouts.h"
@@ -96,8 +98,10 @@ Program::HeldScreen Program::create(ScreenName screen) {
   case ScreenName::division: return std::make_shared<DivisionScreen>(*this);
   case ScreenName::FIN: return std::make_shared<FinScreen>(*this);
   case ScreenName::Aurevoir: return std::make_shared<AurevoirScreen>(*this);
-  default: return std::make_shared<Screen>(*this, layoutOf(screen));
+  case ScreenName::record: return std::make_shared<RecordScreen>(*this);
+  case ScreenName::FIN2: return std::make_shared<Fin2Screen>(*this);
   }
+  return nullptr;
 }
 
 } // namespace chiffrolo
