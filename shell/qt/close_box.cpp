@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "shell/qt/close_box.h"
+
+#include <QPainter>
+
+namespace chiffrolo::qt {
+
+CloseBox::CloseBox(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_Hover);
+  setAccessibleName(QStringLiteral("Fermer"));
+  setToolTip(QStringLiteral("Fermer"));
+}
+
+void CloseBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter{this};
+  const auto background = isDown() ? QPalette::Mid : underMouse() ? QPalette::Midlight : QPalette::Window;
+  painter.fillRect(rect(), palette().color(background));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen({palette().color(QPalette::WindowText), 1.5});
+  const qreal arm = height() / 5.0;
+  const QPointF centre = QRectF{rect()}.center();
+  painter.drawLine(centre - QPointF{arm, arm}, centre + QPointF{arm, arm});
+  painter.drawLine(centre - QPointF{arm, -arm}, centre + QPointF{arm, -arm});
+}
+
+} // namespace chiffrolo::qt

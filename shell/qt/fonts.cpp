@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "shell/qt/fonts.h"
+
+#include "shell/qt/units.h"
+
+#include <QFontDatabase>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace chiffrolo::qt {
+
+namespace {
+
+enum class Slanting : std::uint8_t { asAsked, never };
+
+struct Face {
+  const char* asked; // in small letters
+  const char* family;
+  const char* standIn;
+  Slanting slanting{Slanting::asAsked};
+};
+
+/// The script faces have one style only and lean already: slanted once more, they would be hard to read.
+constexpr std::array faces{
+    Face{"times new roman", "Times New Roman", "Liberation Serif"},
+    Face{"times", "Times New Roman", "Liberation Serif"},
+    Face{"arial", "Arial", "Liberation Sans"},
+    Face{"ms sans serif", "MS Sans Serif", "Liberation Sans"},
+    Face{"tahoma", "Tahoma", "Liberation Sans"},
+    Face{"brush script mt", "Brush Script MT", "Kaushan Script", Slanting::never},
+};
+
+const Face* knownFace(const QString& name) {
+  const QString wanted = name.toLower();
+  const auto* const found =
+      std::ranges::find_if(faces, [&](const Face& face) { return wanted == QLatin1StringView(face.asked); });
+  return found == faces.end() ? nullptr : found;
+}
+
+QFont makeFont(const Font& font, int multiple) {
+  const QString asked = toQt(font.face);
+  const Face* const known = knownFace(asked);
+  QFont made{known == nullptr ? asked : QString::fromLatin1(known->family)};
+  made.setPixelSize(std::max(1, qRound(toPixels(font.size) * multiple)));
+  made.setBold(font.weight == Weight::bold);
+  made.setItalic(font.slant == Slant::italic && (known == nullptr || known->slanting == Slanting::asAsked));
+  made.setHintingPreference(QFont::PreferNoHinting);
+  made.setStyleStrategy(
+      static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  return made;
+}
+
+/// Digits of a column must keep their distance: some faces draw two ones closer together.
+QFont withoutKerning(QFont font) {
+  font.setKerning(false);
+  return font;
+}
+
+} // namespace
+
+void substituteFonts() {
+  for (const auto& face : faces)
+    QFont::insertSubstitution(QString::fromLatin1(face.family), QString::fromLatin1(face.standIn));
+}
+
+void listFaces() { QFontDatabase::hasFamily(QString()); }
+
+QFont captionFont(const Font& font) { return makeFont(font, 1); }
+
+TextFace::TextFace(const Font& font) : font_(withoutKerning(makeFont(font, multiple_))), metrics_(font_) {}
+
+QRectF TextFace::inkArea(const QString& text) const {
+  constexpr qreal softEdge = 1;
+  const QRectF ink = metrics_.boundingRect(text).translated(0, metrics_.ascent());
+  return QRectF{ink.topLeft() * scale_, ink.size() * scale_}.adjusted(-softEdge, -softEdge, softEdge,
+                                                                      softEdge);
+}
+
+void TextFace::draw(QPainter& painter, QPointF topLeft, const QString& text) const {
+  painter.save();
+  painter.translate(topLeft);
+  painter.scale(scale_, scale_);
+  painter.setFont(font_);
+  painter.drawText(QPointF{0, metrics_.ascent()}, text);
+  painter.restore();
+}
+
+bool FontCache::Entry::is(const Font& font) const {
+  return size == font.size && weight == font.weight && slant == font.slant && name == font.face;
+}
+
+const TextFace& FontCache::face(const Font& font) {
+  const auto found = std::ranges::find_if(entries_, [&](const Entry& entry) { return entry.is(font); });
+  if (found != entries_.end()) return found->face;
+  const Entry made{std::string(font.face), font.size, font.weight, font.slant, TextFace{font}};
+  return entries_.emplace_back(made).face;
+}
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/platform.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+
+#include <list>
+#include <string>
+
+class QPainter;
+
+namespace chiffrolo::qt {
+
+/// Names the faces that stand in for those that are not installed. Once, before any text.
+void substituteFonts();
+
+/// Makes the list of the installed faces, which all threads share and the first text waits for.
+void listFaces();
+
+/// The font of a caption, in whole pixels.
+QFont captionFont(const Font& font);
+
+/// A font to draw with. All lengths are in pixels, and those of the face itself: Qt rounds sizes to whole
+/// pixels and hinting rounds widths, so text is set in a multiple of its size, without hinting, and scaled
+/// down.
+class TextFace {
+public:
+  explicit TextFace(const Font& font);
+
+  qreal width(const QString& text) const { return metrics_.horizontalAdvance(text) * scale_; }
+  qreal lineHeight() const { return metrics_.height() * scale_; }
+  qreal averageCharacterWidth() const { return metrics_.averageCharWidth() * scale_; }
+
+  /// All that `draw` paints on, from its `topLeft`.
+  QRectF inkArea(const QString& text) const;
+  /// With the pen of `painter`.
+  void draw(QPainter& painter, QPointF topLeft, const QString& text) const;
+
+private:
+  static constexpr int multiple_ = 3; // whole pixels for all sizes that are multiples of 1/4 point
+  static constexpr qreal scale_ = 1.0 / multiple_;
+
+  QFont font_;
+  QFontMetricsF metrics_;
+};
+
+/// The few faces and sizes that the screens draw with, each made once: a key press must not wait for a font.
+class FontCache {
+public:
+  /// Valid as long as the cache.
+  const TextFace& face(const Font& font);
+
+private:
+  struct Entry {
+    std::string name;
+    Points size{};
+    Weight weight{};
+    Slant slant{};
+    TextFace face;
+
+    bool is(const Font& font) const;
+  };
+
+  std::list<Entry> entries_;
+};
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "shell/qt/host_window.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include <utility>
+
+namespace chiffrolo::qt {
+
+namespace {
+
+bool movesFocus(const QKeyEvent& press) {
+  const bool isTab = press.key() == Qt::Key_Tab || press.key() == Qt::Key_Backtab;
+  return isTab && !(press.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
+/// Keys that were not pressed on a keyboard have no scan code.
+KeyRepeatFilter::ScanCode scanCode(const QKeyEvent& event) {
+  const auto code = event.nativeScanCode();
+  return code != 0 ? code : static_cast<KeyRepeatFilter::ScanCode>(event.key());
+}
+
+KeyRepeatFilter::Origin origin(const QKeyEvent& event) {
+  return event.isAutoRepeat() ? KeyRepeatFilter::Origin::autoRepeat : KeyRepeatFilter::Origin::hand;
+}
+
+} // namespace
+
+HostWindow::HostWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
+  setWindowTitle(QStringLiteral("Chiffrolo"));
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  // Otherwise the first button shows only after a Tab that it has the focus.
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  // A display without a window manager maximizes nothing.
+  setGeometry(screen()->availableGeometry());
+}
+
+void HostWindow::add(Page& page) {
+  pages_.push_back(&page);
+  page.fill(size());
+}
+
+void HostWindow::bringForward(Page& page) {
+  if (&page == current_) return;
+  Page* const previous = std::exchange(current_, &page);
+  page.show();
+  page.takeFocus();
+  if (previous != nullptr) previous->hide();
+  if (!isVisible()) open();
+}
+
+void HostWindow::remove(Page& page) {
+  std::erase(pages_, &page);
+  if (&page == current_) current_ = nullptr;
+  page.retire();
+}
+
+void HostWindow::open() {
+  showMaximized();
+  windowHandle()->installEventFilter(this);
+  raise();
+  activateWindow();
+}
+
+void HostWindow::resizeEvent(QResizeEvent* /*event*/) {
+  for (auto* const page : pages_)
+    page->fill(size());
+}
+
+void HostWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (current_ != nullptr) current_->close();
+}
+
+bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::KeyPress: return pressKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::usedUp;
+  case QEvent::KeyRelease: releaseKey(static_cast<const QKeyEvent&>(*event)); break;
+  case QEvent::Expose: showIcon(); break;
+  default: break;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+HostWindow::KeyFate HostWindow::pressKey(const QKeyEvent& press) {
+  using enum KeyFate;
+  if (current_ == nullptr) return usedUp;
+  const auto verdict = repeats_.press(scanCode(press), press.timestamp(), origin(press), current_->name());
+  if (verdict == KeyRepeatFilter::Verdict::dropped) return usedUp;
+  const bool hasButtons = current_->hasButtons();
+  if (hasButtons && movesFocus(press)) return leftToFocus;
+  const auto stroke = translateKey(press);
+  if (!stroke || current_->pressKey(*stroke) == Events::KeyUse::screenChanged) return usedUp;
+  return hasButtons ? leftToFocus : usedUp;
+}
+
+void HostWindow::releaseKey(const QKeyEvent& release) {
+  repeats_.release(scanCode(release), release.timestamp(), origin(release));
+}
+
+/// Once, and only after the first picture: the icon takes longer to load and to send than the home screen.
+void HostWindow::showIcon() {
+  if (!windowIcon().isNull()) return;
+  QTimer::singleShot(0, this, [this] { setWindowIcon(QIcon(QStringLiteral(":/chiffrolo.png"))); });
+}
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/platform.h"
+#include "shell/qt/drawing_surface.h"
+#include "shell/qt/keys.h"
+#include "shell/qt/ticker.h"
+
+#include <vector>
+
+namespace chiffrolo::qt {
+
+class CloseBox;
+
+/// One screen: its frame, its surface and its controls. It tells `events` what the learner does there, until
+/// it is retired.
+class Page final : public QWidget {
+public:
+  /// All of them outlive the page.
+  Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* host);
+
+  /// Takes the whole of a host of that size at once, even while it is hidden.
+  void fill(QSize host);
+  /// Gives the keys to whichever part of the page had them last.
+  void takeFocus();
+  /// No event, no sight of it from now on; the object itself goes once all its handlers have returned.
+  void retire();
+
+  ScreenName name() const { return layout_.name; }
+  bool hasButtons() const { return firstButton_ != nullptr; }
+  DrawingSurface& surface() { return *surface_; }
+  /// Null for a timer.
+  QWidget* control(ControlIndex index) const { return controls_.at(index); }
+
+  Events::KeyUse pressKey(const KeyStroke& stroke);
+  void click(ControlIndex control);
+  void close();
+
+private:
+  void paintEvent(QPaintEvent* event) override;
+  void createControls();
+  QRect titleBar() const;
+  QRect innerArea() const;
+
+  const ScreenLayout& layout_;
+  Events* events_; // null once retired
+  Ticker& ticker_;
+  DrawingSurface* surface_;
+  CloseBox* closeBox_{};
+  QWidget* firstButton_{};
+  std::vector<QWidget*> controls_; // by row of the layout
+};
+
+} // namespace chiffrolo::qt

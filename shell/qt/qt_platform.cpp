@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "shell/qt/qt_platform.h"
+
+#include "shell/qt/qt_window.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+
+namespace chiffrolo::qt {
+
+// The list of the faces is what a start takes longest for: another core makes it while the window opens.
+QtPlatform::QtPlatform() {
+  substituteFonts();
+  faceList_ = std::jthread(listFaces);
+}
+
+std::unique_ptr<Window> QtPlatform::createWindow(const ScreenLayout& layout, Events& events) noexcept {
+  return std::make_unique<QtWindow>(layout, events, host_, fonts_, ticker_);
+}
+
+std::uint64_t QtPlatform::timeOfDay() const noexcept {
+  return static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+}
+
+void QtPlatform::quit() noexcept {
+  ticker_.shutDown();
+  host_.hide();
+  // Not QCoreApplication::quit(): it asks the windows first, and ours does not close by itself. Queued, so
+  // that it works before the event loop runs, too.
+  QMetaObject::invokeMethod(
+      qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+}
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "shell/qt/fonts.h"
+#include "shell/qt/units.h"
+
+#include <QFontInfo>
+
+#include <gtest/gtest.h>
+
+namespace chiffrolo::qt {
+
+namespace {
+
+struct Row {
+  const char* name;
+  Font font;
+  const char* text;
+  Points width;
+};
+
+class TextWidth : public testing::TestWithParam<Row> {};
+
+/// By the tables of the faces: a digit is 1/2 of the size in Times New Roman and 0.556 in Arial.
+TEST_P(TextWidth, isThatOfTheFaceItself) {
+  const auto& row = GetParam();
+  FontCache fonts;
+  const auto pixels = fonts.face(row.font).width(QString::fromUtf8(row.text));
+  EXPECT_NEAR(toPoints(pixels), row.width, row.width * 0.002F);
+}
+
+constexpr auto bold = Weight::bold;
+
+INSTANTIATE_TEST_SUITE_P(Table, TextWidth,
+                         testing::Values(Row{"bigDigit", {"Times New Roman", 28, bold}, "7", 14},
+                                         Row{"shortName", {"Times", 28, bold}, "7", 14},
+                                         Row{"anyCase", {"tIMES nEW rOMAN", 28, bold}, "7", 14},
+                                         Row{"twoOnes", {"Times", 28, bold}, "11", 28},
+                                         Row{"blanks", {"Times", 28, bold}, " 7 ", 28},
+                                         Row{"regular", {"Times", 16}, "42", 16},
+                                         Row{"small", {"Times", 10}, "42", 10},
+                                         Row{"fractionalSize", {"Times", 15.75F}, "42", 15.75F},
+                                         Row{"captionSize", {"Times", 8.25F}, "1234", 16.5F},
+                                         Row{"withoutSerifs", {"Arial", 15.75F}, "1234", 35.03F},
+                                         Row{"captionFace", {"MS Sans Serif", 8.25F, bold}, "1234", 18.35F}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST(Text, hasTheLineHeightOfItsFace) {
+  FontCache fonts;
+  EXPECT_NEAR(toPoints(fonts.face({"Times", 28, bold}).lineHeight()), 28 * 1.107F, 0.1F);
+}
+
+TEST(Text, inAScriptFaceIsNotSlantedTwice) {
+  EXPECT_FALSE(QFontInfo{captionFont({"Brush Script MT", 36, Weight::regular, Slant::italic})}.italic());
+  EXPECT_TRUE(QFontInfo{captionFont({"Times", 36, Weight::regular, Slant::italic})}.italic());
+}
+
+TEST(Text, inAnUnknownFaceIsShownAllTheSame) {
+  FontCache fonts;
+  EXPECT_GT(fonts.face({"No Such Face", 10}).width(QStringLiteral("7")), 0);
+}
+
+TEST(FontCache, makesEachFontOnce) {
+  FontCache fonts;
+  const auto* const regular = &fonts.face({"Times", 28});
+  EXPECT_NE(&fonts.face({"Times", 28, bold}), regular);
+  EXPECT_NE(&fonts.face({"Times", 27}), regular);
+  EXPECT_NE(&fonts.face({"Arial", 28}), regular);
+  EXPECT_EQ(&fonts.face({std::string("Times"), 28}), regular);
+}
+
+} // namespace
+
+} // namespace chiffrolo::qt
