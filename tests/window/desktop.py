@@ -132,14 +132,14 @@ class Program:
 class Desktop:
     """A display with the program on it, and with a window manager if asked for."""
 
-    def __init__(self, path: Path, with_window_manager: bool = False):
+    def __init__(self, path: Path, with_window_manager: bool = False, folder: Path | None = None):
         self.display = Display()
         self._manager: subprocess.Popen | None = None
         self._program: Program | None = None
         try:
             if with_window_manager:
                 self._start_window_manager()
-            self._program = Program(path, self.display.environment())
+            self._program = Program(path, self.display.environment(), folder)
         except BaseException:
             self.close()
             raise
@@ -156,15 +156,17 @@ class Desktop:
         return self._program
 
     def _start_window_manager(self) -> None:
-        self._manager = subprocess.Popen(
-            ["openbox"],
-            env=self.display.environment(),
-            stdin=subprocess.DEVNULL,
-            stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL,
-        )
-        announced = ("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
-        _wait_until("the window manager is there", lambda: b"window id" in self.display.run(*announced))
+        """It announces itself to other programs before it takes care of their windows: too early to go on."""
+        with tempfile.TemporaryDirectory() as scratch:
+            ready = Path(scratch) / "ready"
+            self._manager = subprocess.Popen(
+                ["openbox", "--sm-disable", "--startup", f"touch {ready}"],
+                env=self.display.environment(),
+                stdin=subprocess.DEVNULL,
+                stdout=subprocess.DEVNULL,
+                stderr=subprocess.DEVNULL,
+            )
+            _wait_until("the window manager is ready", ready.exists)
 
     def press(self, *keys: str) -> None:
         """One after the other, each let go before the next; by their X names."""

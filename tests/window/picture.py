@@ -25,6 +25,9 @@ class Area(NamedTuple):
     def moved(self, x: int, y: int) -> "Area":
         return Area(self.left + x, self.top + y, self.right + x, self.bottom + y)
 
+    def grown(self, margin: int) -> "Area":
+        return Area(self.left - margin, self.top - margin, self.right + margin, self.bottom + margin)
+
 
 class Picture:
     """Rows of pixels, three bytes each: red, green and blue."""

@@ -6,18 +6,30 @@ Each character is compared with the same one drawn from the same font by another
 
 import subprocess
 from functools import cache
+from itertools import chain
 from math import sqrt
+from operator import mul
 from typing import NamedTuple
 
 from picture import Area, Colour, Picture
 
-SYMBOLS = "0123456789+-=?"
-SIZE = 28  # points
-FACE = "Times New Roman:bold"
+
+class Style(NamedTuple):
+    face: str
+    size: int  # in points
+
+
+SERIF = Style("Times New Roman:bold", 28)
+SANS = Style("Arial:bold", 14)
+SYMBOLS = {symbol: SERIF for symbol in "0123456789+-=?:"} | {"x": SANS}
 
 LINE_HEIGHT = 45  # pixels, from the top of a line to below its deepest letters
 ASCENT = 33  # pixels, from the top of a line to the feet of its letters
 CELL = 60  # pixels, the width that each symbol has for itself when they are drawn
+DIGIT_WIDTH = 18  # pixels, from one digit to the next
+WIDEST = 24  # pixels that one character covers at most
+FRAME_WIDTH = 30  # pixels, enough for the widest character
+FRAME_MARGIN = 2  # pixels around a symbol that is compared
 
 FAINT = 0.15  # a column with less ink than that is blank
 LEAST_LIKENESS = 0.8
@@ -36,7 +48,8 @@ class Match(NamedTuple):
 
 
 def read(picture: Picture, line: Area, colour: Colour) -> str:
-    """What stands on a line in that colour, without its blanks."""
+    """What stands in that colour on the line of text that begins at the top of an area; without its blanks."""
+    line = line._replace(bottom=line.top + LINE_HEIGHT)
     characters = split(ink_of(picture.crop(line), colour))
     return "".join(recognise(character) for character in characters)
 
@@ -60,22 +73,41 @@ def _coverage(pixel: Colour, colour: Colour) -> float:
 
 
 def split(ink: Ink) -> list[Ink]:
-    """The characters: whatever has a blank column to both sides."""
-    columns = [sum(column) for column in zip(*ink)] + [0.0]
-    characters = []
+    """The characters: whatever has a blank column to both sides, and digits that touch each other."""
+    amounts = [sum(column) for column in zip(*ink)]
+    spans = [cut for span in _inked_spans(amounts) for cut in _cut(span, amounts)]
+    return [[row[span.start : span.stop] for row in ink] for span in spans]
+
+
+def _inked_spans(amounts: list[float]) -> list[range]:
+    spans = []
     start = None
-    for x, amount in enumerate(columns):
+    for x, amount in enumerate([*amounts, 0.0]):
         if amount >= FAINT and start is None:
             start = x
         elif amount < FAINT and start is not None:
-            characters.append([row[start:x] for row in ink])
+            spans.append(range(start, x))
             start = None
-    return characters
+    return spans
+
+
+def _cut(span: range, amounts: list[float]) -> list[range]:
+    """One character after the other, cut off where there is least ink about the width of a digit further on."""
+    characters = []
+    while len(span) > WIDEST:
+        places = range(span.start + DIGIT_WIDTH - 3, span.start + DIGIT_WIDTH + 4)
+        at = min(places, key=lambda x: amounts[x])
+        characters.append(range(span.start, at))
+        span = range(at, span.stop)
+    return [*characters, span]
 
 
 def recognise(character: Ink) -> str:
+    seen = _direction(character)
     matches = sorted(
-        (Match(likeness(character, template), symbol) for symbol, template in templates().items()), reverse=True
+        (Match(max(_product(seen, variant) for variant in variants), symbol)
+         for symbol, variants in _templates().items()),
+        reverse=True,
     )
     best, second = matches[:2]
     if best.likeness < LEAST_LIKENESS or best.likeness - second.likeness < LEAST_MARGIN:
@@ -83,41 +115,43 @@ def recognise(character: Ink) -> str:
     return best.symbol
 
 
-def likeness(one: Ink, other: Ink) -> float:
-    """The correlation of the two where they fit best: 1 for the same, about 0 for strangers."""
-    if abs(len(one[0]) - len(other[0])) > 3:
-        return 0.0
-    shifts = [(x, y) for x in (-1, 0, 1) for y in (-2, -1, 0, 1, 2)]
-    return max(_correlation(_framed(one, 0, 0), _framed(other, x, y)) for x, y in shifts)
+# ---- Likeness: the correlation of the pixels, 1 for the same picture and about 0 for strangers ----------
+
+
+def _direction(ink: Ink, x: int = 0, y: int = 0) -> list[float]:
+    """All pixels in one row, the ink moved by (x, y), so that the product of two such rows is their correlation."""
+    pixels = _framed(ink, x, y)
+    mean = sum(pixels) / len(pixels)
+    length = sqrt(sum((pixel - mean) ** 2 for pixel in pixels))
+    return [(pixel - mean) / length for pixel in pixels]
+
+
+def _product(one: list[float], other: list[float]) -> float:
+    return sum(map(mul, one, other))
 
 
 def _framed(ink: Ink, x: int, y: int) -> list[float]:
-    """All pixels row by row, the ink moved by (x, y) in a frame that is wide enough for any symbol."""
-    width = 40
-    margin = 2
-    blank = [0.0] * width
-    right = width - len(ink[0]) - margin - x
-    rows = [[0.0] * (margin + x) + row + [0.0] * right for row in ink]
-    return sum([blank] * (margin + y) + rows + [blank] * (margin - y), [])
+    """In a frame that has room for any character wherever it is moved."""
+    before = FRAME_MARGIN + x
+    behind = FRAME_WIDTH - len(ink[0]) - before
+    rows = [[0.0] * before + row + [0.0] * behind for row in ink]
+    blank = [0.0] * FRAME_WIDTH
+    return list(chain(*[blank] * (FRAME_MARGIN + y), *rows, *[blank] * (FRAME_MARGIN - y)))
 
 
-def _correlation(one: list[float], other: list[float]) -> float:
-    count = len(one)
-    mean_one = sum(one) / count
-    mean_other = sum(other) / count
-    both = sum(a * b for a, b in zip(one, other)) - count * mean_one * mean_other
-    alone = sum(a * a for a in one) - count * mean_one**2
-    alone_other = sum(b * b for b in other) - count * mean_other**2
-    return both / sqrt(alone * alone_other)
+# ---- Templates ------------------------------------------------------------------------------------------
 
 
 @cache
-def templates() -> dict[str, Ink]:
+def _templates() -> dict[str, list[list[float]]]:
+    """Each symbol, moved a little in all directions."""
     black = (0, 0, 0)
+    moves = [(x, y) for x in (-1, 0, 1) for y in (-1, 0, 1)]
     drawn = {}
     for place, symbol in enumerate(SYMBOLS):
         cell = Area(place * CELL, 0, (place + 1) * CELL, LINE_HEIGHT)
-        (drawn[symbol],) = split(ink_of(_sheet_of_symbols().crop(cell), black))
+        (ink,) = split(ink_of(_sheet_of_symbols().crop(cell), black))
+        drawn[symbol] = [_direction(ink, x, y) for x, y in moves]
     return drawn
 
 
@@ -125,15 +159,17 @@ def templates() -> dict[str, Ink]:
 def _sheet_of_symbols() -> Picture:
     """All symbols in a row, each in a cell of its own."""
     size = f"{CELL * len(SYMBOLS)}x{LINE_HEIGHT}"
-    command = ["convert", "-size", size, "xc:white", "-fill", "black", "-font", _font_file()]
-    command += ["-density", "96", "-pointsize", str(SIZE), "-define", "type:hinting=off"]
-    for place, symbol in enumerate(SYMBOLS):
+    command = ["convert", "-size", size, "xc:white", "-fill", "black", "-density", "96"]
+    command += ["-define", "type:hinting=off"]
+    for place, (symbol, style) in enumerate(SYMBOLS.items()):
+        command += ["-font", _font_file(style.face), "-pointsize", str(style.size)]
         command += ["-annotate", f"+{place * CELL + 10}+{ASCENT}", symbol]
     command += ["-depth", "8", "ppm:-"]
     return Picture.from_ppm(subprocess.run(command, stdout=subprocess.PIPE, check=True).stdout)
 
 
-def _font_file() -> str:
+@cache
+def _font_file(face: str) -> str:
     """What the program gets too when it asks for that face."""
-    command = ["fc-match", "--format=%{file}", FACE]
+    command = ["fc-match", "--format=%{file}", face]
     return subprocess.run(command, stdout=subprocess.PIPE, check=True, text=True).stdout

@@ -1,0 +1,44 @@
+# SPDX-License-Identifier: MIT
+"""What the tests with a real window have in common."""
+
+import os
+import unittest
+from pathlib import Path
+
+from desktop import Desktop
+from learner import Learner
+from picture import Area
+
+
+def program() -> Path:
+    """The one named by the environment, or else the one that `./run` builds."""
+    built = Path(__file__).resolve().parents[2] / "build" / "chiffrolo"
+    return Path(os.environ.get("CHIFFROLO", built)).absolute()
+
+
+def tens(number: int) -> int:
+    return number - units(number)
+
+
+def units(number: int) -> int:
+    return number % 10
+
+
+class WindowCase(unittest.TestCase):
+    """A desktop of its own for each test."""
+
+    with_window_manager = False
+
+    def setUp(self) -> None:
+        self.desktop = Desktop(program(), self.with_window_manager)
+        self.addCleanup(self.desktop.close)
+        self.learner = Learner(self.desktop)
+
+    def assert_near(self, found: Area | None, expected: Area, tolerance: int = 1) -> None:
+        self.assertIsNotNone(found, f"nothing near {expected}")
+        far = max(abs(one - other) for one, other in zip(found, expected))
+        self.assertLessEqual(far, tolerance, f"{found} is not near {expected}")
+
+    def assert_ended_well(self) -> None:
+        self.assertEqual(self.desktop.program.exit_status(), 0)
+        self.assertEqual(self.desktop.program.errors(), "")

@@ -1,0 +1,71 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""Without a display, the program ends at once: with one line on standard error, status 1, and no crash."""
+
+import resource
+import tempfile
+import time
+import unittest
+from collections.abc import Callable
+from pathlib import Path
+
+from case import program
+from desktop import Desktop, Program, environment_without_display
+from learner import Learner
+
+AT_ONCE = 2.0  # seconds
+
+
+class DisplayFaults(unittest.TestCase):
+    def setUp(self) -> None:
+        """Crashes would leave a core dump in the scratch folder."""
+        _, most = resource.getrlimit(resource.RLIMIT_CORE)
+        resource.setrlimit(resource.RLIMIT_CORE, (most, most))
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.folder = Path(scratch.name)
+
+    def test_no_display(self) -> None:
+        self.start_without(environment_without_display())
+
+    def test_wrong_display(self) -> None:
+        self.start_without(environment_without_display() | {"DISPLAY": ":4711"})
+
+    def test_display_goes_away_at_home(self) -> None:
+        self.lose_display(lambda learner: None)
+
+    def test_display_goes_away_in_mid_game(self) -> None:
+        def play(learner: Learner) -> None:
+            learner.open("addition")
+            _, operation = learner.see_operation("addition")
+            learner.submit(operation.result)
+            learner.see_bravo("addition")
+
+        self.lose_display(play)
+
+    def start_without(self, environment: dict[str, str]) -> None:
+        started = time.monotonic()
+        process = Program(program(), environment, self.folder)
+        self.addCleanup(process.close)
+        self.assert_gave_up(process, started)
+
+    def lose_display(self, play: Callable[[Learner], None]) -> None:
+        desktop = Desktop(program(), folder=self.folder)
+        self.addCleanup(desktop.close)
+        learner = Learner(desktop)
+        learner.start()
+        play(learner)
+        self.assertEqual(desktop.program.errors(), "")
+        lost = time.monotonic()
+        desktop.display.break_down()
+        self.assert_gave_up(desktop.program, lost)
+
+    def assert_gave_up(self, process: Program, since: float) -> None:
+        self.assertEqual(process.exit_status(), 1, process.errors())
+        self.assertLess(time.monotonic() - since, AT_ONCE)
+        self.assertRegex(process.errors(), r"\A[^\n]+\n\Z")
+        self.assertEqual(list(self.folder.iterdir()), [], "what a crash leaves behind")
+
+
+if __name__ == "__main__":
+    unittest.main()

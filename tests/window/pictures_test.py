@@ -1,0 +1,49 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""The pictures in `assets` are what their sources draw."""
+
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+ASSETS = Path(__file__).resolve().parents[2] / "assets"
+
+
+class Pictures(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls) -> None:
+        cls.scratch = Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        cls.drawn = cls.scratch / "drawn"
+        subprocess.run([ASSETS / "draw", cls.drawn], check=True)
+
+    def test_each_picture_is_drawn_again(self) -> None:
+        kept = {path.name for path in ASSETS.iterdir() if path.suffix in (".png", ".jpg")}
+        self.assertEqual({path.name for path in self.drawn.iterdir()}, kept)
+
+    def test_icons_are_the_same(self) -> None:
+        self.assertEqual(self.different_pixels("fleche.png"), 0)
+        self.assertEqual(self.different_pixels("arret.png"), 0)
+
+    def test_drawings_are_alike(self) -> None:
+        """Another version of the renderer may place the edges of shapes a little differently."""
+        self.assertLess(self.different_pixels("chiffrolo.png", "5%"), 300 * 300 * 0.005)
+        self.assertLess(self.different_pixels("aurevoir.jpg", "10%"), 30 * 30 * 0.02)
+
+    def different_pixels(self, name: str, tolerance: str = "0%") -> int:
+        kept = self.without_transparency(ASSETS / name, "kept.ppm")
+        drawn = self.without_transparency(self.drawn / name, "drawn.ppm")
+        command = ["compare", "-metric", "AE", "-fuzz", tolerance, kept, drawn, "null:"]
+        result = subprocess.run(command, stderr=subprocess.PIPE, text=True)
+        self.assertIn(result.returncode, (0, 1), f"{name}: {result.stderr}")
+        return round(float(result.stderr))
+
+    def without_transparency(self, picture: Path, name: str) -> Path:
+        """On a colour that no picture has: to the comparison, a transparent pixel is like any other."""
+        flat = self.scratch / name
+        subprocess.run(["convert", picture, "-background", "fuchsia", "-flatten", flat], check=True)
+        return flat
+
+
+if __name__ == "__main__":
+    unittest.main()
