@@ -11,7 +11,6 @@ constexpr ExerciseValues values{
     .feedbackCentre = 320,
     .ligneBravo = 240,
     .colonneConsigneBravo = 200,
-    .objective = " Tu dois réussir 10 opérations sans te tromper ",
     .dropOfTimes = 8,
 };
 

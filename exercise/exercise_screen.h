@@ -13,11 +13,12 @@ enum class Spacing : std::uint8_t { aroundSigns, asWritten };
 
 /// The values in which the exercise screens differ. Positions are in points.
 struct ExerciseValues {
-  int feedbackCentre;         ///< x on which "Bravo" and the score box are centred
-  int ligneBravo;             ///< top of "Bravo"; its ellipse and the score box keep their distance to it
-  int colonneConsigneBravo;   ///< left end of the instruction line after a right answer
-  std::string_view objective; ///< the instruction line after the first point
-  int dropOfTimes{};          ///< how far below `ligne` the sign "x" is printed
+  int feedbackCentre;       ///< x on which "Bravo" and the score box are centred
+  int ligneBravo;           ///< top of "Bravo"; its ellipse and the score box keep their distance to it
+  int colonneConsigneBravo; ///< left end of the instruction line after a right answer
+  /// the instruction line after the first point
+  std::string_view objective{" Tu dois réussir 10 opérations sans te tromper "};
+  int dropOfTimes{}; ///< how far below `ligne` the sign "x" is printed
   Spacing spacing{Spacing::aroundSigns};
   int eraserMargin{2};                        ///< how far left of `colonne` an answer is erased
   std::string_view firstDigits{"0123456789"}; ///< the digits that an answer may begin with

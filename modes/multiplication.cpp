@@ -11,7 +11,6 @@ constexpr ExerciseValues values{
     .feedbackCentre = 240,
     .ligneBravo = 260,
     .colonneConsigneBravo = 130,
-    .objective = " Tu dois réussir 10 opérations sans te tromper ",
     .dropOfTimes = 12,
 };
 

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+
+/// What Qt itself takes: one maximized window that shows the digit typed last, and nothing else.
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWidget>
+
+namespace {
+
+class BareWindow final : public QWidget {
+public:
+  BareWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
+    setGeometry(screen()->availableGeometry());
+    font_.setBold(true);
+  }
+
+private:
+  static constexpr QRect place{250, 130, 60, 60}; // in pixels
+
+  void keyPressEvent(QKeyEvent* event) override {
+    digit_ = event->key() == Qt::Key_Backspace ? QString() : event->text();
+    update(place);
+  }
+
+  void paintEvent(QPaintEvent* event) override {
+    QPainter painter(this);
+    painter.fillRect(event->rect(), Qt::white);
+    if (digit_.isEmpty()) return;
+    painter.setFont(font_);
+    painter.drawText(place, Qt::AlignCenter, digit_);
+  }
+
+  QString digit_;
+  QFont font_{QStringLiteral("Liberation Serif"), 28};
+};
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+  const QApplication application(argc, argv);
+  BareWindow window;
+  window.showMaximized();
+  window.activateWindow();
+  return QApplication::exec();
+}
