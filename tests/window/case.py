@@ -2,8 +2,12 @@
 """What the tests with a real window have in common."""
 
 import os
+import sys
 import unittest
 from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "packaging" / "tour"))  # the learner who plays the tour also plays the tests
 
 from desktop import Desktop
 from learner import Learner
@@ -12,7 +16,7 @@ from picture import Area
 
 def program() -> Path:
     """The one named by the environment, or else the one that `./run` builds."""
-    built = Path(__file__).resolve().parents[2] / "build" / "chiffrolo"
+    built = ROOT / "build" / "chiffrolo"
     return Path(os.environ.get("CHIFFROLO", built)).absolute()
 
 

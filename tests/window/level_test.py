@@ -12,15 +12,24 @@ OBJECTIVE = 10
 
 
 class Level(WindowCase):
-    def test_ten_right_answers(self) -> None:
+    def test_additions(self) -> None:
+        self.play("addition", centre=320, ligne_bravo=240)
+
+    def test_multiplications(self) -> None:
+        self.play("multiplication", centre=240, ligne_bravo=260)
+
+    def test_divisions(self) -> None:
+        self.play("division", centre=240, ligne_bravo=260)
+
+    def play(self, screen: str, centre: int, ligne_bravo: int) -> None:
         self.learner.start()
-        self.learner.open("addition")
+        self.learner.open(screen)
         for score in range(1, OBJECTIVE + 1):
-            _, operation = self.learner.see_operation("addition")
+            _, operation = self.learner.see_operation(screen)
             self.learner.submit(operation.result)
-            sheet = self.learner.see_bravo("addition")
-            self.assert_bravo(sheet)
-            self.go_on(sheet, score)
+            sheet = self.learner.see_bravo(screen)
+            self.assert_bravo(sheet, centre, ligne_bravo)
+            self.go_on(screen, sheet, score)
 
         sheet = self.learner.see("FIN")
         self.assertTrue(sheet.has(RED, points(300, 90, 480, 120)), "the word of praise")
@@ -31,17 +40,18 @@ class Level(WindowCase):
         self.learner.click_arrow("Aurevoir")
         self.assert_ended_well()
 
-    def go_on(self, sheet: Sheet, score: int) -> None:
+    def go_on(self, screen: str, sheet: Sheet, score: int) -> None:
         """By each of the three ways in turn."""
         if score % 3 == 0:
-            self.learner.click(sheet, ARROWS["addition"])
+            self.learner.click(sheet, ARROWS[screen])
         else:
             self.desktop.press("Return" if score % 3 == 1 else "Right")
 
-    def assert_bravo(self, sheet: Sheet) -> None:
-        ellipse = points(320 - 40, 252 - 28, 320 + 40, 252 + 28)
+    def assert_bravo(self, sheet: Sheet, centre: int, ligne: int) -> None:
+        """All in points."""
+        ellipse = points(centre - 40, ligne + 12 - 28, centre + 40, ligne + 12 + 28)
         self.assert_near(self.outline(sheet, ellipse), ellipse.grown(1), tolerance=2)
-        self.assertTrue(sheet.has((255, 255, 255), points(290, 240, 350, 264)), "the word in white")
+        self.assertTrue(sheet.has((255, 255, 255), points(centre - 30, ligne, centre + 30, ligne + 24)), "the word in white")
         self.assertTrue(sheet.shows_stop())
 
     @staticmethod

@@ -19,12 +19,25 @@ class Style(NamedTuple):
     size: int  # in points
 
 
+class Script(NamedTuple):
+    """What can stand on a line, and on which paper."""
+
+    symbols: tuple[tuple[str, Style], ...]
+    ascent: int  # pixels, from the top of a line to the feet of its letters
+    paper: Colour
+
+
+def _script(symbols: dict[str, Style], ascent: int, paper: Colour) -> Script:
+    return Script(tuple(symbols.items()), ascent, paper)
+
+
+WHITE: Colour = (255, 255, 255)
 SERIF = Style("Times New Roman:bold", 28)
 SANS = Style("Arial:bold", 14)
-SYMBOLS = {symbol: SERIF for symbol in "0123456789+-=?:"} | {"x": SANS}
+EXERCISE = _script({symbol: SERIF for symbol in "0123456789+-=?:"} | {"x": SANS}, 33, WHITE)
+STOPWATCH = _script({symbol: Style("Arial:bold", 24) for symbol in "0123456789"}, 29, (0, 255, 255))
 
 LINE_HEIGHT = 45  # pixels, from the top of a line to below its deepest letters
-ASCENT = 33  # pixels, from the top of a line to the feet of its letters
 CELL = 60  # pixels, the width that each symbol has for itself when they are drawn
 DIGIT_WIDTH = 18  # pixels, from one digit to the next
 WIDEST = 24  # pixels that one character covers at most
@@ -47,26 +60,27 @@ class Match(NamedTuple):
     symbol: str
 
 
-def read(picture: Picture, line: Area, colour: Colour) -> str:
+def read(picture: Picture, line: Area, colour: Colour, script: Script = EXERCISE) -> str:
     """What stands in that colour on the line of text that begins at the top of an area; without its blanks."""
     line = line._replace(bottom=line.top + LINE_HEIGHT)
-    characters = split(ink_of(picture.crop(line), colour))
-    return "".join(recognise(character) for character in characters)
+    characters = split(ink_of(picture.crop(line), colour, script.paper))
+    return "".join(recognise(character, script) for character in characters)
 
 
-def ink_of(picture: Picture, colour: Colour) -> Ink:
-    """How much of each pixel is covered with that colour, on white paper."""
+def ink_of(picture: Picture, colour: Colour, paper: Colour) -> Ink:
+    """How much of each pixel is covered with that colour."""
     return [
-        [_coverage(picture.pixel(x, y), colour) for x in range(picture.width)] for y in range(picture.height)
+        [_coverage(picture.pixel(x, y), colour, paper) for x in range(picture.width)]
+        for y in range(picture.height)
     ]
 
 
-def _coverage(pixel: Colour, colour: Colour) -> float:
-    """0 too when the pixel is no mixture of white and that colour."""
-    if pixel == (255, 255, 255):
+def _coverage(pixel: Colour, colour: Colour, paper: Colour) -> float:
+    """0 too when the pixel is no mixture of paper and that colour."""
+    if pixel == paper:
         return 0.0
-    depth = [255 - part for part in colour]
-    missing = [255 - part for part in pixel]
+    depth = [blank - part for blank, part in zip(paper, colour)]
+    missing = [blank - part for blank, part in zip(paper, pixel)]
     coverage = sum(d * m for d, m in zip(depth, missing)) / sum(d * d for d in depth)
     is_mixture = all(abs(coverage * d - m) <= 16 for d, m in zip(depth, missing))
     return coverage if is_mixture else 0.0
@@ -102,11 +116,11 @@ def _cut(span: range, amounts: list[float]) -> list[range]:
     return [*characters, span]
 
 
-def recognise(character: Ink) -> str:
+def recognise(character: Ink, script: Script) -> str:
     seen = _direction(character)
     matches = sorted(
         (Match(max(_product(seen, variant) for variant in variants), symbol)
-         for symbol, variants in _templates().items()),
+         for symbol, variants in _templates(script).items()),
         reverse=True,
     )
     best, second = matches[:2]
@@ -143,27 +157,27 @@ def _framed(ink: Ink, x: int, y: int) -> list[float]:
 
 
 @cache
-def _templates() -> dict[str, list[list[float]]]:
+def _templates(script: Script) -> dict[str, list[list[float]]]:
     """Each symbol, moved a little in all directions."""
     black = (0, 0, 0)
     moves = [(x, y) for x in (-1, 0, 1) for y in (-1, 0, 1)]
     drawn = {}
-    for place, symbol in enumerate(SYMBOLS):
+    for place, (symbol, _) in enumerate(script.symbols):
         cell = Area(place * CELL, 0, (place + 1) * CELL, LINE_HEIGHT)
-        (ink,) = split(ink_of(_sheet_of_symbols().crop(cell), black))
+        (ink,) = split(ink_of(_sheet_of_symbols(script).crop(cell), black, WHITE))
         drawn[symbol] = [_direction(ink, x, y) for x, y in moves]
     return drawn
 
 
 @cache
-def _sheet_of_symbols() -> Picture:
+def _sheet_of_symbols(script: Script) -> Picture:
     """All symbols in a row, each in a cell of its own."""
-    size = f"{CELL * len(SYMBOLS)}x{LINE_HEIGHT}"
+    size = f"{CELL * len(script.symbols)}x{LINE_HEIGHT}"
     command = ["convert", "-size", size, "xc:white", "-fill", "black", "-density", "96"]
     command += ["-define", "type:hinting=off"]
-    for place, (symbol, style) in enumerate(SYMBOLS.items()):
+    for place, (symbol, style) in enumerate(script.symbols):
         command += ["-font", _font_file(style.face), "-pointsize", str(style.size)]
-        command += ["-annotate", f"+{place * CELL + 10}+{ASCENT}", symbol]
+        command += ["-annotate", f"+{place * CELL + 10}+{script.ascent}", symbol]
     command += ["-depth", "8", "ppm:-"]
     return Picture.from_ppm(subprocess.run(command, stdout=subprocess.PIPE, check=True).stdout)
 

@@ -80,9 +80,9 @@ class Display:
 
 
 def environment_without_display() -> dict[str, str]:
-    """This process's own environment, less what would lead to another display or to another look."""
-    ours = {"DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY"}
-    return {name: value for name, value in os.environ.items() if name not in ours and not name.startswith("QT_")}
+    """This process's own environment, less what would lead to another display or to a desktop's own look."""
+    unwanted = ("DISPLAY", "WAYLAND_", "XAUTHORITY", "QT_", "XDG_CURRENT_DESKTOP", "DESKTOP_SESSION", "KDE_", "GNOME_")
+    return {name: value for name, value in os.environ.items() if not name.startswith(unwanted)}
 
 
 def _line_from(pipe: int) -> str:

@@ -11,12 +11,13 @@ import sys
 from pathlib import Path
 
 from desktop import Desktop, NotSeen
-from learner import Learner
+from learner import Learner, Operation
 from reading import Unreadable
-from screens import ARROWS, STOP, Sheet
+from screens import ARROWS, Sheet
 
 WRONG = 1  # never a right answer
 OBJECTIVE = 10  # points pass a level
+CHALLENGE = 20  # right answers complete a challenge
 
 
 class Album:
@@ -86,22 +87,31 @@ class Tour:
         self.desktop.press("Right")
 
     def multiplications(self) -> None:
-        self.right_and_wrong("multiplication")
+        operation = self.right_and_wrong("multiplication")
+        number, multiplier = max(operation.left, operation.right), min(operation.left, operation.right)
+        self.press("multiplication-etape-2", *str((number - number % 10) * multiplier), "Return")
+        self.press("multiplication-somme", *str(number % 10 * multiplier), "Return")
+        self.press("multiplication-resultat", *str(operation.result), "Return")
         self.desktop.press("Escape")
 
     def divisions(self) -> None:
-        self.right_and_wrong("division")
-        self.desktop.press(*"1111")  # both digits of the quotient, each with its remainder
-        sheet = self.learner.wait_for("the score", lambda sheet: sheet.shows_arrow("division"))
-        self.album.add("division-resultat", sheet)
+        operation = self.right_and_wrong("division")
+        self.press("division-chiffre", str(operation.result)[0])
+        self.press("division-reste", str(operation.left // 10 % operation.right))
+        self.press("division-chiffre-faux", "x")
+        sheet = self.press("division-resultat", "0")
         self.desktop.click_into(sheet.close_box())
 
     def challenge(self) -> None:
         self.learner.open("record")
         sheet, _ = self.learner.see_operation("record")
         self.album.add("record", sheet)
-        sheet = self.album.add("record-bravo", self.answer_rightly("record"))
-        self.learner.click(sheet, STOP)
+        self.album.add("record-chronometre", self.learner.see_stopwatch()[0])
+        self.album.add("record-bravo", self.answer_rightly("record"))
+        self.desktop.press("Right")
+        for _ in range(1, CHALLENGE):
+            self.answer_rightly("record")
+            self.desktop.press("Right")
         sheet = self.album.add("record-resultats", self.learner.see("FIN2"))
         self.learner.click(sheet, ARROWS["FIN2"])
 
@@ -112,16 +122,24 @@ class Tour:
         self.learner.click(sheet, ARROWS["Aurevoir"])
         return self.desktop.program.exit_status()
 
-    def right_and_wrong(self, screen: str) -> None:
+    def right_and_wrong(self, screen: str) -> Operation:
+        """The operation whose correction has begun then."""
         self.learner.open(screen)
         sheet, _ = self.learner.see_operation(screen)
         self.album.add(screen, sheet)
         self.album.add(f"{screen}-bravo", self.answer_rightly(screen))
         self.desktop.press("Right")
-        self.learner.see_operation(screen)
+        _, operation = self.learner.see_operation(screen)
         self.answer_wrongly(f"{screen}-faux")
         self.desktop.press("Right")
         self.album.add(f"{screen}-correction", self.learner.see_correction())
+        return operation
+
+    def press(self, name: str, *keys: str) -> Sheet:
+        """What the keys lead to."""
+        before = self.desktop.display.picture()
+        self.desktop.press(*keys)
+        return self.album.add(name, self.learner.wait_for(name, lambda sheet: sheet.picture != before))
 
     def answer_rightly(self, screen: str) -> Sheet:
         _, operation = self.learner.see_operation(screen)

@@ -9,7 +9,7 @@ from typing import NamedTuple
 import reading
 from desktop import Desktop
 from picture import Area, Colour
-from screens import ARROWS, BLUE, HOME_BUTTONS, LIGHT_CYAN, RED, Sheet, points
+from screens import ARROWS, BLUE, HOME_BUTTONS, LIGHT_CYAN, LIGHT_RED, RED, Sheet, points
 
 OPERATION = re.compile(r"(\d+)([-+x:])(\d+)=")
 RESULTS: dict[str, Callable[[int, int], int]] = {"+": add, "-": sub, "x": mul, ":": floordiv}
@@ -82,6 +82,11 @@ class Learner:
         shows_bravo = EXERCISES[screen].shows_bravo
         return self.wait_for("Bravo", lambda sheet: shows_bravo(sheet) and sheet.shows_arrow(screen))
 
+    def see_stopwatch(self) -> tuple[Sheet, int]:
+        """Waits until it shows a time; a new operation empties it for a second."""
+        sheet = self.wait_for("the stopwatch's digits", lambda sheet: sheet.has(LIGHT_RED, STOPWATCH))
+        return sheet, read_stopwatch(sheet)
+
     def see_faux(self) -> Sheet:
         return self.wait_for("FAUX", shows_faux)
 
@@ -96,6 +101,10 @@ class Learner:
         self.desktop.press(*str(answer), "Return")
 
 
+STOPWATCH = points(195, 25, 279, 60)
+STOPWATCH_LINE = points(198, 30, 277, 60)
+
+
 def line_at(top: int) -> Area:
     """From the left edge to where the feedback stands; `top` is in points."""
     return points(20, top, 375, top + 33)
@@ -103,6 +112,13 @@ def line_at(top: int) -> Area:
 
 def read_line(sheet: Sheet, line: Area, colour: Colour) -> str:
     return reading.read(sheet.picture, sheet.on_display(line), colour)
+
+
+def read_stopwatch(sheet: Sheet) -> int:
+    digits = reading.read(sheet.picture, sheet.on_display(STOPWATCH_LINE), LIGHT_RED, reading.STOPWATCH)
+    if len(digits) != 4:
+        raise reading.Unreadable(f"no time: {digits}")
+    return int(digits)
 
 
 def shows_faux(sheet: Sheet) -> bool:
