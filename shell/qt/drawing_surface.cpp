@@ -29,6 +29,7 @@ void DrawingSurface::drawText(QPointF topLeft, const QString& text, const TextFa
   auto& image = picture().image();
   const QRectF area = face.inkArea(text).translated(topLeft);
   texts_.prepare({text, &face, topLeft, picture_.ratio()}, dotsOf(area), image);
+  flat_.disturb(dotsOf(area));
   QPainter painter{&image};
   painter.setPen(colour);
   face.draw(painter, topLeft, text);
@@ -73,6 +74,7 @@ void DrawingSurface::drawEllipse(QPointF centre, QSizeF radii, int thickness, QC
 void DrawingSurface::clear(QColor background) {
   picture().clear(background);
   texts_.clear();
+  flat_.clear();
   update();
 }
 
@@ -82,18 +84,25 @@ void DrawingSurface::paintEvent(QPaintEvent* /*event*/) {
 }
 
 RetainedPicture& DrawingSurface::picture() {
+  if (picture_.ratio() != devicePixelRatioF()) flat_.clear();
   picture_.fit(size(), devicePixelRatioF());
   return picture_;
 }
 
 void DrawingSurface::fill(QRect dots, QColor colour) {
-  const QRect changed = fillDots(picture().image(), dots, colour.rgb());
+  auto& image = picture().image();
+  const QRect visible = dots & image.rect();
+  if (flat_.has(visible, colour.rgb())) return;
+  const QRect changed = fillDots(image, visible, colour.rgb());
+  flat_.fill(visible, colour.rgb());
   texts_.cover(dots);
   update(areaOf(changed).toAlignedRect());
 }
 
 void DrawingSurface::cover(const QRectF& area) {
-  texts_.cover(dotsOf(area));
+  const QRect dots = dotsOf(area);
+  texts_.cover(dots);
+  flat_.disturb(dots);
   update(area.toAlignedRect());
 }
 

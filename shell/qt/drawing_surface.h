@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "shell/qt/flat_areas.h"
 #include "shell/qt/fonts.h"
 #include "shell/qt/printed_texts.h"
 #include "shell/qt/retained_picture.h"
@@ -35,6 +36,7 @@ private:
 
   RetainedPicture picture_;
   PrintedTexts texts_;
+  FlatAreas flat_;
 };
 
 } // namespace chiffrolo::qt

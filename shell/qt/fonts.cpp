@@ -3,7 +3,6 @@
 
 #include "shell/qt/units.h"
 
-#include <QFontDatabase>
 #include <QPainter>
 
 #include <algorithm>
@@ -65,17 +64,30 @@ void substituteFonts() {
     QFont::insertSubstitution(QString::fromLatin1(face.family), QString::fromLatin1(face.standIn));
 }
 
-void listFaces() { QFontDatabase::hasFamily(QString()); }
+void findFaces() {
+  for (const char* const face : {"Arial", "Times New Roman"})
+    QFontMetricsF{captionFont({face, 10, Weight::bold})}.height();
+}
 
 QFont captionFont(const Font& font) { return makeFont(font, 1); }
 
 TextFace::TextFace(const Font& font) : font_(withoutKerning(makeFont(font, multiple_))), metrics_(font_) {}
 
+/// Without kerning a text is as wide as its characters, and Qt sets a text anew each time that it measures
+/// one.
+qreal TextFace::width(const QString& text) const {
+  qreal sum = 0;
+  for (const QChar character : text) {
+    const auto [known, isNew] = widths_.try_emplace(character);
+    if (isNew) known->second = metrics_.horizontalAdvance(character) * scale_;
+    sum += known->second;
+  }
+  return sum;
+}
+
 QRectF TextFace::inkArea(const QString& text) const {
-  constexpr qreal softEdge = 1;
-  const QRectF ink = metrics_.boundingRect(text).translated(0, metrics_.ascent());
-  return QRectF{ink.topLeft() * scale_, ink.size() * scale_}.adjusted(-softEdge, -softEdge, softEdge,
-                                                                      softEdge);
+  const qreal overhang = lineHeight() / 8; // no letter reaches further out of its cell
+  return QRectF{0, 0, width(text), lineHeight()}.adjusted(-overhang, -overhang, overhang, overhang);
 }
 
 void TextFace::draw(QPainter& painter, QPointF topLeft, const QString& text) const {

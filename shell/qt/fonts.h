@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 
 #include <list>
+#include <map>
 #include <string>
 
 class QPainter;
@@ -16,8 +17,8 @@ namespace chiffrolo::qt {
 /// Names the faces that stand in for those that are not installed. Once, before any text.
 void substituteFonts();
 
-/// Makes the list of the installed faces, which all threads share and the first text waits for.
-void listFaces();
+/// Finds the faces of the home screen among those that are installed. What one thread finds, all know.
+void findFaces();
 
 /// The font of a caption, in whole pixels.
 QFont captionFont(const Font& font);
@@ -29,11 +30,11 @@ class TextFace {
 public:
   explicit TextFace(const Font& font);
 
-  qreal width(const QString& text) const { return metrics_.horizontalAdvance(text) * scale_; }
+  qreal width(const QString& text) const;
   qreal lineHeight() const { return metrics_.height() * scale_; }
   qreal averageCharacterWidth() const { return metrics_.averageCharWidth() * scale_; }
 
-  /// All that `draw` paints on, from its `topLeft`.
+  /// All that `draw` paints on, and a little more, from its `topLeft`.
   QRectF inkArea(const QString& text) const;
   /// With the pen of `painter`.
   void draw(QPainter& painter, QPointF topLeft, const QString& text) const;
@@ -44,6 +45,7 @@ private:
 
   QFont font_;
   QFontMetricsF metrics_;
+  mutable std::map<QChar, qreal> widths_; // of the characters that were measured so far, in pixels
 };
 
 /// The few faces and sizes that the screens draw with, each made once: a key press must not wait for a font.

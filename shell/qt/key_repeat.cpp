@@ -15,7 +15,6 @@ KeyRepeatFilter::Verdict KeyRepeatFilter::press(ScanCode key, Milliseconds time,
                                                 ScreenName activeScreen) {
   auto& held = keys_[key];
   const bool repeated = origin == Origin::autoRepeat || (held.released && time - *held.released <= repeatGap);
-  held.released.reset();
   if (!repeated) held.pressedOn = activeScreen;
   return held.pressedOn == activeScreen ? Verdict::counts : Verdict::dropped;
 }

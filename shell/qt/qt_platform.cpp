@@ -9,10 +9,10 @@
 
 namespace chiffrolo::qt {
 
-// The list of the faces is what a start takes longest for: another core makes it while the window opens.
+// To find the faces takes longest at a start: another core does it while the window opens.
 QtPlatform::QtPlatform() {
   substituteFonts();
-  faceList_ = std::jthread(listFaces);
+  faceSearch_ = std::jthread(findFaces);
 }
 
 std::unique_ptr<Window> QtPlatform::createWindow(const ScreenLayout& layout, Events& events) noexcept {

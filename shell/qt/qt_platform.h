@@ -20,7 +20,7 @@ public:
   void quit() noexcept override;
 
 private:
-  std::jthread faceList_;
+  std::jthread faceSearch_;
   Ticker ticker_;
   FontCache fonts_;
   HostWindow host_;

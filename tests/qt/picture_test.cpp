@@ -3,7 +3,9 @@
 #include "shell/qt/drawing_surface.h"
 #include "shell/qt/retained_picture.h"
 
+#include <QPaintEvent>
 #include <QPainter>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -38,6 +40,7 @@ TEST_F(Picture, growsWithTheBackground) {
 
 TEST_F(Picture, keepsWhatASmallerSurfaceCutsOff) {
   picture_.fit({50, 50}, 1);
+  EXPECT_EQ(dot(10, 10), white);
   picture_.fit({100, 100}, 1);
   EXPECT_EQ(dot(95, 95), red);
 }
@@ -70,6 +73,20 @@ TEST(FillDots, tellsWhatHasChanged) {
   EXPECT_EQ(image.pixelColor(39, 39), red);
   EXPECT_EQ(image.pixelColor(30, 40), white);
 }
+
+class PaintWatcher final : public QObject {
+public:
+  /// What was painted since it was last asked.
+  QRect take() { return std::exchange(painted_, {}); }
+
+private:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted_ |= static_cast<const QPaintEvent&>(*event).rect();
+    return false;
+  }
+
+  QRect painted_;
+};
 
 /// Dots of a surface, row by row.
 class Surface : public testing::Test {
@@ -131,6 +148,24 @@ TEST_F(Surface, drawsTextWithinItsLineBox) {
   const QSizeF box{face.width(QStringLiteral("8g")), face.lineHeight()};
   EXPECT_TRUE(QRectF({29, 39}, box + QSizeF{2, 2}).contains(drawn()));
   EXPECT_GT(drawn().height(), 28);
+}
+
+TEST_F(Surface, paintsOnlyWhatHasChanged) {
+  PaintWatcher watcher;
+  surface_.installEventFilter(&watcher);
+  surface_.show();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !watcher.take().isNull(); }));
+  const auto paintedBy = [&](QColor colour) {
+    surface_.drawBox({20, 10}, {50, 40}, 1, colour, colour);
+    QTest::qWait(20);
+    return watcher.take();
+  };
+  EXPECT_EQ(paintedBy(red), QRect(20, 10, 31, 31));
+  EXPECT_EQ(paintedBy(red), QRect());
+  surface_.drawSegment({0, 20}, {99, 20}, 1, blue);
+  surface_.clear(white);
+  QTest::qWait(20);
+  EXPECT_EQ(watcher.take(), surface_.rect());
 }
 
 TEST_F(Surface, leavesNoOutlineOfATextThatIsErasedByItself) {

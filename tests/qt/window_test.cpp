@@ -47,6 +47,8 @@ constexpr std::array drillControls{
     ControlLayout{.kind = ControlKind::timer, .name = "timer", .enabled = Switch::on, .interval = 5ms},
 };
 
+constexpr QRgb labelBackground = qRgb(255, 255, 224);
+
 constexpr ScreenLayout homeLayout{accueil, "", Frame::frameless, face, white, homeControls};
 constexpr ScreenLayout drillLayout{addition, "Exercice", Frame::toolWindow, face, white, drillControls};
 
@@ -146,8 +148,10 @@ TEST_F(FrontEnd, tellsClicksOnImagesWhileTheyAreVisible) {
 
 TEST_F(FrontEnd, tellsWhenItIsClosed) {
   drill_->activate();
+  const auto* const focus = host().focusWidget();
   clickCloseBox();
   EXPECT_EQ(program_.told(), "close");
+  EXPECT_EQ(host().focusWidget(), focus);
   EXPECT_FALSE(host().close());
   EXPECT_EQ(program_.told(), "close");
 }
@@ -218,7 +222,7 @@ protected:
     };
   }
   void expectNothingMore() {
-    EXPECT_NE(pixel(10, 100), qRgb(255, 255, 224));
+    EXPECT_NE(pixel(10, 100), labelBackground);
     clickArrow();
     passTime();
     EXPECT_EQ(program_.told(), "click 0"); // the button that lies where the arrow was
@@ -257,7 +261,18 @@ TEST_F(DestroyedWindow, byATick) {
 TEST_F(DestroyedWindow, beforeAnotherIsActive) {
   drill_->activate();
   drill_.reset();
+  EXPECT_NE(pixel(10, 100), labelBackground);
+  passTime();
   press(Qt::Key_7, "7");
+  EXPECT_EQ(program_.told(), "");
+}
+
+TEST_F(DestroyedWindow, tellsNothingUntilItIsDeleted) {
+  drill_->activate();
+  drill_.reset();
+  home_->activate();
+  for (auto* const button : host().findChildren<QAbstractButton*>())
+    if (!button->isVisible()) button->click();
   EXPECT_EQ(program_.told(), "");
 }
 
@@ -294,6 +309,20 @@ TEST_F(FrontEnd, timersStartedInOneEventStartAtOnce) {
   EXPECT_EQ(program_.told().substr(0, 18), "key 0/55, tick 3, ");
 }
 
+TEST_F(FrontEnd, showsTheActiveScreenOnly) {
+  const QImage home = host().grab().toImage();
+  drill_->activate();
+  EXPECT_NE(host().grab().toImage(), home);
+  home_->activate();
+  EXPECT_EQ(host().grab().toImage(), home);
+}
+
+TEST_F(FrontEnd, quitsWithSuccess) {
+  platform_.quit();
+  EXPECT_FALSE(host().isVisible());
+  EXPECT_EQ(QCoreApplication::exec(), 0);
+}
+
 TEST_F(FrontEnd, knowsTheWidthBeforeTheFirstShow) {
   EXPECT_FLOAT_EQ(home_->width(), static_cast<float>(host().width()) * 0.75F);
   EXPECT_FLOAT_EQ(drill_->width(), static_cast<float>(host().width() - 2) * 0.75F);
@@ -310,11 +339,11 @@ TEST_F(FrontEnd, hiddenPagesFollowTheHost) {
 
 TEST_F(FrontEnd, showsLabelsInTheirOwnColours) {
   drill_->activate();
-  EXPECT_EQ(pixel(199, 26 + 98), qRgb(255, 255, 224));
+  EXPECT_EQ(pixel(199, 26 + 98), labelBackground);
   const QImage before = host().grab().toImage();
   drill_->setCaption(label, "");
   EXPECT_NE(host().grab().toImage(), before);
-  EXPECT_EQ(pixel(10, 26 + 70), qRgb(255, 255, 224));
+  EXPECT_EQ(pixel(10, 26 + 70), labelBackground);
 }
 
 } // namespace
