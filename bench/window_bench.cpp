@@ -77,10 +77,14 @@ public:
     XFlush(display_.get());
   }
 
-  /// How long it took from `since` until the pixels were no longer as they were.
-  Milliseconds untilChanged(Area area, const std::string& before, Clock::time_point since) const {
-    while (pixels(area) == before)
+  /// How long it took from `since` until the pixels were no longer as they were. Looking keeps a core busy
+  /// and the display server another one, so there is a `pause` between two looks.
+  Milliseconds untilChanged(Area area, const std::string& before, Clock::time_point since,
+                            std::chrono::microseconds pause) const {
+    while (pixels(area) == before) {
       if (Clock::now() - since > patience) fail("nothing has changed on the display");
+      std::this_thread::sleep_for(pause);
+    }
     return Clock::now() - since;
   }
 
@@ -115,14 +119,14 @@ Milliseconds timeStart(const Seat& seat, const std::string& program) {
   const std::string empty = seat.pixels(titleArea);
   const auto since = Clock::now();
   const Running running(program);
-  return seat.untilChanged(titleArea, empty, since);
+  return seat.untilChanged(titleArea, empty, since, std::chrono::microseconds(500));
 }
 
 Milliseconds timeKey(const Seat& seat, KeySym symbol) {
   const std::string before = seat.pixels(answerArea);
   const auto since = Clock::now();
   seat.press(symbol);
-  return seat.untilChanged(answerArea, before, since);
+  return seat.untilChanged(answerArea, before, since, std::chrono::microseconds(20));
 }
 
 double median(std::vector<Milliseconds> times) {

@@ -16,13 +16,23 @@ struct Run {
   int past;
 };
 
-/// Where `dots` differ from `row`, from the first to the last of them.
+bool same(std::span<const QRgb> dots, std::span<const QRgb> row, std::size_t first, std::size_t count) {
+  return std::memcmp(&dots[first], &row[first], count * sizeof(QRgb)) == 0;
+}
+
+/// Where `dots` differ from `row`, from the first to the last of them. Both are of the same size, not 0.
 Run difference(std::span<const QRgb> dots, std::span<const QRgb> row) {
-  // In nearly all rows none does, and this is the fastest way to know.
-  if (std::memcmp(dots.data(), row.data(), row.size_bytes()) == 0) return {0, 0};
+  // In nearly all rows none does, and in the others few at the left: blocks are compared much faster than
+  // dots.
+  constexpr std::size_t block = 64;
+  if (same(dots, row, 0, row.size())) return {0, 0};
+  std::size_t past = row.size();
+  while (past > block && same(dots, row, past - block, block))
+    past -= block;
+  while (dots[past - 1] == row[past - 1])
+    --past;
   const auto first = std::ranges::mismatch(row, dots).in1 - row.begin();
-  const auto last = std::mismatch(row.rbegin(), row.rend(), dots.rbegin()).first - row.rbegin();
-  return {static_cast<int>(first), static_cast<int>(std::ssize(row) - last)};
+  return {static_cast<int>(first), static_cast<int>(past)};
 }
 
 } // namespace

@@ -46,8 +46,9 @@ QFont makeFont(const Font& font, int multiple) {
   made.setBold(font.weight == Weight::bold);
   made.setItalic(font.slant == Slant::italic && (known == nullptr || known->slanting == Slanting::asAsked));
   made.setHintingPreference(QFont::PreferNoHinting);
-  made.setStyleStrategy(
-      static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  // One face has all the letters of French: to look for others that might help out would delay the start.
+  made.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias |
+                                                          QFont::NoSubpixelAntialias | QFont::NoFontMerging));
   return made;
 }
 

@@ -168,6 +168,23 @@ TEST_F(Surface, paintsOnlyWhatHasChanged) {
   EXPECT_EQ(watcher.take(), surface_.rect());
 }
 
+TEST_F(Surface, erasesWhateverWasDrawnSinceItWasBlank) {
+  const auto erase = [this] { surface_.drawBox({0, 0}, {99, 99}, 1, white, white); };
+  erase();
+  surface_.drawEllipse({50, 50}, {20, 10}, 1, red, blue);
+  erase();
+  EXPECT_EQ(drawn(), QRect());
+  surface_.drawSegment({10, 10}, {60, 80}, 2, red);
+  erase();
+  EXPECT_EQ(drawn(), QRect());
+  surface_.drawBox({20, 20}, {40, 40}, 1, red, blue);
+  erase();
+  EXPECT_EQ(drawn(), QRect());
+  surface_.clear(blue);
+  erase();
+  EXPECT_EQ(drawn(), QRect());
+}
+
 TEST_F(Surface, leavesNoOutlineOfATextThatIsErasedByItself) {
   FontCache fonts;
   const auto& face = fonts.face({"Times", 28, Weight::bold});
