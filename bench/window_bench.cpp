@@ -119,7 +119,7 @@ Milliseconds timeStart(const Seat& seat, const std::string& program) {
   const std::string empty = seat.pixels(titleArea);
   const auto since = Clock::now();
   const Running running(program);
-  return seat.untilChanged(titleArea, empty, since, std::chrono::microseconds(500));
+  return seat.untilChanged(titleArea, empty, since, std::chrono::milliseconds(2));
 }
 
 Milliseconds timeKey(const Seat& seat, KeySym symbol) {
