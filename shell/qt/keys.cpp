@@ -7,10 +7,6 @@ namespace chiffrolo::qt {
 
 namespace {
 
-constexpr char32_t backspaceCharacter = 8;
-constexpr char32_t enterCharacter = 13;
-constexpr char32_t escapeCharacter = 27;
-
 bool isModifier(int key) {
   switch (key) {
   case Qt::Key_Shift:
@@ -44,9 +40,9 @@ std::optional<KeyStroke> translateKey(const QKeyEvent& press) {
   if (isModifier(press.key())) return std::nullopt;
   switch (press.key()) {
   case Qt::Key_Return:
-  case Qt::Key_Enter: return KeyStroke{keyCode::enter, enterCharacter};
-  case Qt::Key_Backspace: return KeyStroke{keyCode::other, backspaceCharacter};
-  case Qt::Key_Escape: return KeyStroke{keyCode::other, escapeCharacter};
+  case Qt::Key_Enter: return KeyStroke{keyCode::enter, character::enter};
+  case Qt::Key_Backspace: return KeyStroke{keyCode::other, character::backspace};
+  case Qt::Key_Escape: return KeyStroke{keyCode::other, character::escape};
   case Qt::Key_Right: return KeyStroke{keyCode::right, std::nullopt};
   default: return KeyStroke{keyCode::other, typedCharacter(press)};
   }
