@@ -42,8 +42,7 @@ void ExerciseScreen::Minuterie_Timer() {
   if (!isWaiting()) judgeLateAnswer();
 }
 
-// ---- The next operation or step
-// -----------------------------------------------------------------------------
+// ---- The next operation or step ----------------------------------------------------------------------
 
 void ExerciseScreen::NouvelleOperation() {
   Minuterie.setInterval(answerLimit);
@@ -54,7 +53,7 @@ void ExerciseScreen::NouvelleOperation() {
 }
 
 void ExerciseScreen::beginStep() {
-  eraseFeedback();
+  erase({1, 300}, 380);
   flèche.hide();
   arret.hide();
   shared.reponse.clear();
@@ -72,8 +71,7 @@ void ExerciseScreen::leave() {
   Show(ScreenName::accueil);
 }
 
-// ---- The answer
-// ---------------------------------------------------------------------------------------------
+// ---- The answer --------------------------------------------------------------------------------------
 
 void ExerciseScreen::keyOfAnswer() {
   if (!flèche.Visible()) erase({0, 240}, 350);
@@ -133,8 +131,7 @@ void ExerciseScreen::redrawAnswer() {
   Print(" ?", Then::nextZone);
 }
 
-// ---- The judgement
-// ------------------------------------------------------------------------------------------
+// ---- The judgement -----------------------------------------------------------------------------------
 
 void ExerciseScreen::judgeLateAnswer() {
   shared.consigne = " tu dois répondre en moins de 30 secondes ";
@@ -249,8 +246,7 @@ void ExerciseScreen::endOperation() {
   shared.essai = 0;
 }
 
-// ---- Printing
-// -----------------------------------------------------------------------------------------------
+// ---- Printing ----------------------------------------------------------------------------------------
 
 void ExerciseScreen::Ecrire(std::string_view text) {
   beginPrinting();

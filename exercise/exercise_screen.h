@@ -46,7 +46,7 @@ protected:
   void arret_Click() { leave(); }
   virtual void Minuterie_Timer();
 
-  // ---- The next operation or step -------------------------------------------------------------------------
+  // ---- The next operation or step --------------------------------------------------------------------
 
   /// Starts the next operation or step, or leaves for the next screen when the objective is reached.
   virtual void NouvelleOperation();
@@ -58,7 +58,7 @@ protected:
   /// Variation point: where giving up leads.
   virtual void leave();
 
-  // ---- The answer -----------------------------------------------------------------------------------------
+  // ---- The answer ------------------------------------------------------------------------------------
 
   /// Takes `touche` into the answer, or submits the answer on Enter and "=".
   void SaisirChiffre();
@@ -77,7 +77,7 @@ protected:
   /// The answer and the question mark behind it, in blue, in place of what stands there.
   void redrawAnswer();
 
-  // ---- The judgement --------------------------------------------------------------------------------------
+  // ---- The judgement ---------------------------------------------------------------------------------
 
   void Corriger();
   void BonneReponse();
@@ -108,7 +108,7 @@ protected:
   /// Variation point: what the end of an operation resets.
   virtual void endOperation();
 
-  // ---- Printing -------------------------------------------------------------------------------------------
+  // ---- Printing --------------------------------------------------------------------------------------
 
   /// Prints at (`colonne`, `ligne`) in `couleur`, in the current font. Neither printer moves that position.
   void Ecrire(std::string_view text);
@@ -122,7 +122,6 @@ protected:
   void setFont(std::string_view face, Points size);
   /// A white box from a corner to the right edge.
   void erase(Point topLeft, Points bottom);
-  void eraseFeedback() { erase({1, 300}, 380); }
 
   Image flèche{*this, "flèche", [this] { flèche_Click(); }};
   Image arret{*this, "arret", [this] { arret_Click(); }};

@@ -63,11 +63,8 @@ void DivisionScreen::drawStep() {
 }
 
 void DivisionScreen::drawQuestion() {
-  eraseFeedback();
-  shared.reponse.clear();
+  beginStep();
   titre.setCaption("Chiffrolo");
-  shared.consigne.clear();
-  colonneConsigne = 140;
   Minuterie.setInterval(answerLimit);
   Minuterie.turnOn();
   Cls();
@@ -80,8 +77,7 @@ void DivisionScreen::drawQuestion() {
   shared.colonne = 212;
 }
 
-// ---- The long division
-// --------------------------------------------------------------------------------------
+// ---- The long division -------------------------------------------------------------------------------
 
 void DivisionScreen::drawCorrectionStep() {
   titre.setCaption(" correction ");
@@ -158,8 +154,7 @@ void DivisionScreen::reveal(Place place, std::string_view digit) {
   Ecrire(digit);
 }
 
-// ---- Feedback and keys
-// --------------------------------------------------------------------------------------
+// ---- Feedback and keys -------------------------------------------------------------------------------
 
 void DivisionScreen::countWrongAnswer() {
   losePoint();

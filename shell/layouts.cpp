@@ -24,7 +24,7 @@ constexpr Colour lightYellow{255, 255, 224};
 constexpr Font timesBold(Points size) { return {"Times New Roman", size, Weight::bold}; }
 constexpr Font arialBold(Points size) { return {"Arial", size, Weight::bold}; }
 
-// ---- One function per kind of control; each row below is one call -----------------------------------------
+// ---- One function per kind of control; each row below is one call ------------------------------------
 
 constexpr ControlLayout label(string_view name, string_view caption, TwipsRectangle place, Font font,
                               Colour text, Colour background, Alignment alignment, Border border) {
@@ -84,7 +84,7 @@ constexpr ControlLayout pictureBox(string_view name, Picture picture, TwipsRecta
           .picture = picture};
 }
 
-// ---- The controls, screen by screen: places are left, top, width, height ----------------------------------
+// ---- The controls, screen by screen: places are left, top, width, height -----------------------------
 
 constexpr std::array accueilControls{
     titleLabel("titre", "Chiffrolo", {6120, 360, 4455, 615}, arialBold(24), Border::thin),
@@ -142,7 +142,7 @@ constexpr std::array aurevoirControls{
           Alignment::left, Border::none),
 };
 
-// ---- The screens ------------------------------------------------------------------------------------------
+// ---- The screens -------------------------------------------------------------------------------------
 
 using enum ScreenName;
 using enum Frame;

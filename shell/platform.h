@@ -18,7 +18,7 @@
 
 namespace chiffrolo {
 
-// ---- Units and values ------------------------------------------------------------------------------
+// ---- Units and values --------------------------------------------------------------------------------
 
 using Points = float; ///< 1/72 inch; at 96 dots per inch, one point is 4/3 of a pixel
 using Twips = int;    ///< 1/20 point, the unit of the layouts
@@ -49,7 +49,7 @@ struct Font {
   Slant slant{Slant::upright};
 };
 
-// ---- Layouts: what a screen looks like before any of its code runs ------------------------------------
+// ---- Layouts: what a screen looks like before any of its code runs -----------------------------------
 
 enum class ScreenName : std::uint8_t {
   accueil,
@@ -114,7 +114,7 @@ struct ScreenLayout {
 /// A control is named across the boundary by the index of its row in the layout of its screen.
 using ControlIndex = std::size_t;
 
-// ---- What the platform provides -----------------------------------------------------------------------
+// ---- What the platform provides ----------------------------------------------------------------------
 
 /// The window of one screen: its drawing surface, its controls and its timers. The program owns it and may
 /// destroy it at any time, inside one of its own events too; from then on it must cause no event, and nothing
@@ -188,7 +188,7 @@ public:
   virtual void quit() noexcept = 0;
 };
 
-// ---- What the platform tells --------------------------------------------------------------------------
+// ---- What the platform tells -------------------------------------------------------------------------
 
 /// The codes of the keys that have a meaning of their own.
 namespace keyCode {

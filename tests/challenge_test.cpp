@@ -99,8 +99,7 @@ TEST(ChallengeScore, isResetByTheResults) {
   EXPECT_EQ(Learner(CHALLENGE "key Escape\nset score 7\nkey 7").shared().score, 0);
 }
 
-// ---- The operations
-// -----------------------------------------------------------------------------------------
+// ---- The operations ----------------------------------------------------------------------------------
 
 struct Drawn {
   MixedOperation operation;

@@ -4,6 +4,7 @@
 #include "shell/program.h"
 #include "shell/recording/recording_platform.h"
 
+#include <cmath>
 #include <map>
 
 namespace chiffrolo::test {

@@ -118,8 +118,7 @@ TEST_F(OnASurface, anotherGroundMakesAnotherText) {
   EXPECT_EQ(reads(), "42 | FAUX");
 }
 
-// ---- The drawing operations
-// ---------------------------------------------------------------------------------
+// ---- The drawing operations --------------------------------------------------------------------------
 
 TEST_F(OnASurface, printMovesOnAsItsSeparatorSays) {
   surface.Print(Integer(7), Then::sameLine);

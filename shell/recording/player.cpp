@@ -13,7 +13,7 @@ namespace chiffrolo {
 
 namespace {
 
-// ---- Arguments --------------------------------------------------------------------------------------------
+// ---- Arguments ---------------------------------------------------------------------------------------
 
 std::vector<std::string_view> wordsOf(std::string_view line) {
   constexpr std::string_view blanks = " \t\r";
@@ -48,7 +48,7 @@ int wholeNumber(std::string_view word, int lowest, int highest) {
   return value;
 }
 
-// ---- Keys -------------------------------------------------------------------------------------------------
+// ---- Keys --------------------------------------------------------------------------------------------
 
 struct Key {
   std::string_view name;
@@ -77,7 +77,7 @@ Key keyNamed(std::string_view name) {
   return {name, codeOfKeyFor(*character), character};
 }
 
-// ---- Variables --------------------------------------------------------------------------------------------
+// ---- Variables ---------------------------------------------------------------------------------------
 
 struct Variable {
   std::string_view name;

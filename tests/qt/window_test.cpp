@@ -113,7 +113,7 @@ protected:
   std::unique_ptr<Window> drill_ = platform_.createWindow(drillLayout, program_);
 };
 
-// ---- What the learner does --------------------------------------------------------------------------------
+// ---- What the learner does ---------------------------------------------------------------------------
 
 TEST_F(FrontEnd, tellsKeys) {
   drill_->activate();
@@ -170,7 +170,7 @@ TEST_F(FrontEnd, dropsTheRepeatsOfAKeyFromAnotherScreen) {
   EXPECT_EQ(program_.told(), "key 13/13, key 13/13");
 }
 
-// ---- The focus of the buttons -----------------------------------------------------------------------------
+// ---- The focus of the buttons ------------------------------------------------------------------------
 
 TEST_F(FrontEnd, movesTheFocusByTab) {
   press(Qt::Key_Space, " ");
@@ -208,7 +208,7 @@ TEST_F(FrontEnd, clicksNoButtonByTheReleaseOfAKeyThatLedHome) {
   EXPECT_EQ(program_.told(), "key 0/32");
 }
 
-// ---- A window that goes inside one of its own events ------------------------------------------------------
+// ---- A window that goes inside one of its own events -------------------------------------------------
 
 class DestroyedWindow : public FrontEnd {
 protected:
@@ -276,7 +276,7 @@ TEST_F(DestroyedWindow, tellsNothingUntilItIsDeleted) {
   EXPECT_EQ(program_.told(), "");
 }
 
-// ---- Time and size ----------------------------------------------------------------------------------------
+// ---- Time and size -----------------------------------------------------------------------------------
 
 TEST_F(FrontEnd, ticksWhetherOrNotInFront) {
   ticking(Switch::on);
