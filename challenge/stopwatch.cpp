@@ -24,12 +24,14 @@ void printStopwatchTime(Surface& surface, int seconds, Colour colour) {
   surface.FontName = "Arial";
   surface.FontSize = 24;
   surface.ForeColor = colour;
+  surface.meaning = Meaning::stopwatch;
   surface.CurrentX = 200;
   surface.CurrentY = 30;
   for (const char digit : digits.substr(digits.size() - cells)) {
     surface.Print({&digit, 1}, Then::sameLine);
     surface.Print(" ", Then::sameLine);
   }
+  surface.meaning = Meaning::itself;
 }
 
 } // namespace chiffrolo

@@ -150,8 +150,11 @@ void DivisionScreen::reveal(Place place, std::string_view digit) {
   shared.couleur = 15;
   Ecrire("?");
   if (digit.empty()) return;
-  shared.couleur = shared.touche == static_cast<char32_t>(digit.front()) ? 1 : 12;
+  const bool isRight = shared.touche == static_cast<char32_t>(digit.front());
+  shared.couleur = isRight ? 1 : 12;
+  meaning = isRight ? Meaning::rightGuess : Meaning::wrongGuess;
   Ecrire(digit);
+  meaning = Meaning::itself;
 }
 
 // ---- Feedback and keys -------------------------------------------------------------------------------

@@ -54,11 +54,13 @@ constexpr ControlLayout button(string_view name, string_view caption, TwipsRecta
           .font = timesBold(18)};
 }
 
-constexpr ControlLayout image(string_view name, Picture picture, Twips left, Twips top, Visibility visible) {
+constexpr ControlLayout image(string_view name, string_view accessibleName, Picture picture, Twips left,
+                              Twips top, Visibility visible) {
   constexpr Twips side = 480; // 32 pixels
   return {.kind = ControlKind::image,
           .name = name,
           .place = {left, top, side, side},
+          .accessibleName = accessibleName,
           .picture = picture,
           .visible = visible};
 }
@@ -76,11 +78,13 @@ constexpr ControlLayout line(string_view name, TwipsRectangle place, Colour colo
   return {.kind = ControlKind::line, .name = name, .place = place, .foreground = colour};
 }
 
-constexpr ControlLayout pictureBox(string_view name, Picture picture, TwipsRectangle place) {
+constexpr ControlLayout pictureBox(string_view name, string_view accessibleName, Picture picture,
+                                   TwipsRectangle place) {
   return {.kind = ControlKind::pictureBox,
           .name = name,
           .place = place,
           .background = windowBackground,
+          .accessibleName = accessibleName,
           .picture = picture};
 }
 
@@ -104,8 +108,8 @@ constexpr std::array accueilControls{
 constexpr auto exerciseControls(TwipsRectangle title, Twips arrowLeft) {
   return std::array{
       titleLabel("titre", "Chiffrolo", title, timesBold(18), Border::thin),
-      image("arret", Picture::stop, 120, 6600, hidden),
-      image("flèche", Picture::arrow, arrowLeft, 6600, hidden),
+      image("arret", "Arrêter", Picture::stop, 120, 6600, hidden),
+      image("flèche", "Continuer", Picture::arrow, arrowLeft, 6600, hidden),
       timer("Minuterie", Switch::on, 20000ms),
   };
 }
@@ -117,24 +121,24 @@ constexpr std::array divisionControls = exerciseControls({3480, 240, 3135, 495},
 constexpr std::array recordControls{
     timer("Minuterie1", Switch::off, 1000ms),
     timer("Minuterie", Switch::off, 32000ms),
-    image("arret", Picture::stop, 120, 6600, hidden),
-    image("flèche", Picture::arrow, 9000, 6600, hidden),
+    image("arret", "Arrêter", Picture::stop, 120, 6600, hidden),
+    image("flèche", "Continuer", Picture::arrow, 9000, 6600, hidden),
 };
 
 constexpr std::array finControls{
     titleLabel("texte2", "Félicitations", {5880, 1680, 3975, 1935}, timesBold(30), Border::thin),
     titleLabel("Etiquette1", "Tu as passé ce niveau avec succés ", {6120, 2520, 3495, 975}, timesBold(18),
                Border::none),
-    image("flèche", Picture::arrow, 7680, 5880, visible),
+    image("flèche", "Continuer", Picture::arrow, 7680, 5880, visible),
 };
 
 constexpr std::array fin2Controls{
-    image("flèche", Picture::arrow, 8640, 6360, visible),
+    image("flèche", "Continuer", Picture::arrow, 8640, 6360, visible),
 };
 
 constexpr std::array aurevoirControls{
-    pictureBox("Picture1", Picture::farewell, {7560, 7920, 495, 495}),
-    image("flèche", Picture::arrow, 11280, 4200, visible),
+    pictureBox("Picture1", "Chiffrolo", Picture::farewell, {7560, 7920, 495, 495}),
+    image("flèche", "Quitter", Picture::arrow, 11280, 4200, visible),
     label("Label2", "Au revoir", {7440, 3960, 3015, 1095},
           {"Brush Script MT", 36, Weight::regular, Slant::italic}, red, windowBackground, Alignment::left,
           Border::none),
@@ -149,14 +153,14 @@ using enum Frame;
 
 /// By number of the screen.
 constexpr std::array<ScreenLayout, screenCount> layouts{{
-    {accueil, "accueil", frameless, timesBold(24), white, accueilControls},
-    {addition, "", toolWindow, timesBold(24), white, additionControls},
-    {multiplication, "", toolWindow, timesBold(24), white, multiplicationControls},
-    {division, "", toolWindow, timesBold(24), white, divisionControls},
-    {record, "", toolWindow, timesBold(24), white, recordControls},
-    {FIN, "FIN", frameless, timesBold(36), white, finControls},
-    {FIN2, "FIN2", toolWindow, timesBold(36), white, fin2Controls},
-    {Aurevoir, "", toolWindow, {"Arial", 15.75F}, windowBackground, aurevoirControls},
+    {accueil, "accueil", "Accueil", frameless, timesBold(24), white, accueilControls},
+    {addition, "", "Additions et soustractions", toolWindow, timesBold(24), white, additionControls},
+    {multiplication, "", "Multiplications", toolWindow, timesBold(24), white, multiplicationControls},
+    {division, "", "Divisions", toolWindow, timesBold(24), white, divisionControls},
+    {record, "", "Record", toolWindow, timesBold(24), white, recordControls},
+    {FIN, "FIN", "Niveau réussi", frameless, timesBold(36), white, finControls},
+    {FIN2, "FIN2", "Résultats", toolWindow, timesBold(36), white, fin2Controls},
+    {Aurevoir, "", "Au revoir", toolWindow, {"Arial", 15.75F}, windowBackground, aurevoirControls},
 }};
 
 /// By number of the screen.

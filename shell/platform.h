@@ -14,7 +14,9 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace chiffrolo {
 
@@ -94,6 +96,7 @@ struct ControlLayout {
   Colour background{};        ///< fills the whole `place` of a label, shape or picture box
   Alignment alignment{Alignment::left}; ///< of labels
   Border border{Border::none};          ///< of labels
+  std::string_view accessibleName{};    ///< of images and picture boxes: what a screen reader calls them
   Picture picture{Picture::none}; ///< of images (exactly as large as `place`) and picture boxes (top left)
   Visibility visible{Visibility::visible}; ///< of images; a hidden one cannot be clicked
   Switch enabled{Switch::off};             ///< of timers: on from the creation of the screen
@@ -105,6 +108,7 @@ struct ControlLayout {
 struct ScreenLayout {
   ScreenName name{};
   std::string_view caption;
+  std::string_view accessibleName; ///< what a screen reader calls the screen
   Frame frame{};
   Font font{};
   Colour background{};
@@ -206,6 +210,13 @@ constexpr char32_t escape = 27;
 
 /// What the learner does and what time brings. Each call runs to its end before the next begins; none may be
 /// made from inside another, nor from inside a function of `Platform` or `Window`.
+/// A text on the surface of a screen, in words for those who do not see it: "47 plus 35 égale ?".
+struct SpokenText {
+  std::string words;
+  Point topLeft;
+  Point bottomRight;
+};
+
 class Events {
 public:
   Events() = default;
@@ -227,6 +238,12 @@ public:
   virtual void front(ScreenName screen) noexcept = 0;
   /// The learner closed the active screen.
   virtual void close() noexcept = 0;
+
+  /// Not events, but what a screen reader asks after one. They cost nothing to those who do not ask.
+  /// What can be read on the surface of a screen now, in reading order; its labels are not on it.
+  virtual std::vector<SpokenText> spokenTexts(ScreenName screen) const noexcept = 0;
+  /// What to say of all that has happened on the active screen since the last call; empty for nothing.
+  virtual std::string takeNews() noexcept = 0;
 };
 
 } // namespace chiffrolo

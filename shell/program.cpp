@@ -52,6 +52,27 @@ void Program::close() noexcept {
   Unload(*closed);
 }
 
+std::vector<SpokenText> Program::spokenTexts(ScreenName screen) const noexcept {
+  std::vector<SpokenText> texts;
+  for (const auto& text : visibleTexts(screen)) {
+    const Rectangle& place = text.place;
+    texts.push_back({spoken(text), {place.left, place.top}, {place.right(), place.bottom()}});
+  }
+  return texts;
+}
+
+std::string Program::takeNews() noexcept {
+  const auto before = std::exchange(told_, contents());
+  return news(before, told_);
+}
+
+Contents Program::contents() const {
+  const auto screen = activeScreen();
+  if (screen == nullptr) return {};
+  return {active_, std::string(screen->layout().accessibleName), screen->labelCaptions(),
+          screen->visibleTexts()};
+}
+
 void Program::Show(ScreenName screen) {
   auto held = slot(screen);
   if (held == nullptr) {

@@ -4,6 +4,7 @@
 #include "shell/module11.h"
 #include "shell/platform.h"
 #include "shell/random_numbers.h"
+#include "shell/speech.h"
 #include "shell/visible_texts.h"
 
 #include <array>
@@ -31,6 +32,8 @@ public:
   void tick(ScreenName screen, ControlIndex timer) noexcept override;
   void front(ScreenName screen) noexcept override;
   void close() noexcept override;
+  std::vector<SpokenText> spokenTexts(ScreenName screen) const noexcept override;
+  std::string takeNews() noexcept override;
 
   /// Loads the screen if need be and makes it the active one; its handlers have run when this returns.
   /// Nothing happens to the active screen. The screens beneath stay loaded, with their running timers.
@@ -58,12 +61,14 @@ private:
   HeldScreen& slot(ScreenName screen);
   HeldScreen activeScreen() const;
   HeldScreen create(ScreenName screen);
+  Contents contents() const;
 
   Platform& platform_;
   MODULE11 shared_;
   RandomNumbers randomNumbers_;
   std::array<HeldScreen, screenCount> screens_;
   std::optional<ScreenName> active_;
+  Contents told_; // what was there when the news were last taken
 };
 
 } // namespace chiffrolo

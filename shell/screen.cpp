@@ -6,12 +6,31 @@
 
 namespace chiffrolo {
 
+namespace {
+
+std::string trimmed(std::string_view text) {
+  const auto first = std::min(text.find_first_not_of(' '), text.size());
+  return std::string(text.substr(first, text.find_last_not_of(' ') + 1 - first));
+}
+
+} // namespace
+
 Screen::Screen(Program& program, const ScreenLayout& layout)
     : Surface(program.platform().createWindow(layout, program), layout), shared(program.shared()),
       program_(program), layout_(layout), controls_(layout.controls.size(), nullptr) {}
 
 void Screen::react(ControlIndex control) {
   if (control < controls_.size() && controls_[control] != nullptr) controls_[control]->react();
+}
+
+std::vector<std::string> Screen::labelCaptions() const {
+  std::vector<std::string> captions;
+  for (std::size_t row = 0; row < controls_.size(); ++row) {
+    if (layout_.controls[row].kind != ControlKind::label) continue;
+    const auto* const label = controls_[row];
+    captions.push_back(trimmed(label == nullptr ? layout_.controls[row].caption : label->caption()));
+  }
+  return captions;
 }
 
 Control::Control(Screen& screen, std::string_view name, std::function<void()> handler)

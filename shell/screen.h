@@ -6,6 +6,7 @@
 #include "shell/program.h"
 #include "shell/surface.h"
 
+#include <string>
 #include <vector>
 
 namespace chiffrolo {
@@ -33,6 +34,8 @@ public:
   void bringToFront() { window().activate(); }
   void close() { closeWindow(); }
   const ScreenLayout& layout() const { return layout_; }
+  /// What its labels say now, in the order of the layout, without blanks around.
+  std::vector<std::string> labelCaptions() const;
 
 protected:
   void Show(ScreenName screen) { program_.Show(screen); }

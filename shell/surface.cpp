@@ -55,7 +55,7 @@ void Surface::noteCharacters(std::string_view text) {
   Points left = CurrentX;
   for (const auto character : characters(text)) {
     const Points width = TextWidth(character);
-    texts_.print(character, {left, CurrentY, width, height}, FontSize, ForeColor);
+    texts_.print(character, {left, CurrentY, width, height}, FontSize, ForeColor, meaning);
     left += width;
   }
 }

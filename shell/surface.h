@@ -34,6 +34,7 @@ public:
   Colour BackColor{}; ///< `Cls` clears to it
   Colour FillColor{};
   Fill FillStyle{Fill::transparent}; ///< whether box outlines and circles are filled with `FillColor`
+  Meaning meaning{};                 ///< of printed text, for those who do not see it
   int DrawWidth{1};                  ///< of segments and outlines, in pixels at 96 dots per inch
 
   /// The right edge of the inner area, in points.

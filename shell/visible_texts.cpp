@@ -37,6 +37,13 @@ bool Rectangle::contains(const Rectangle& other) const {
   return contains(Point{other.left, other.top}) && contains(Point{other.right(), other.bottom()});
 }
 
+std::string VisibleText::text() const {
+  std::string joined;
+  for (const Word& word : words)
+    joined += (joined.empty() ? "" : " ") + word.text;
+  return joined;
+}
+
 bool VisibleTexts::Cover::hides(Point point) const {
   if (shape == Shape::box) return area.contains(point);
   const Point centre = area.centre();
@@ -49,13 +56,14 @@ bool VisibleTexts::Cover::hides(const Cover& other) const {
   return shape == Shape::box && area.contains(other.area);
 }
 
-void VisibleTexts::print(std::string_view character, const Rectangle& place, Points size, Colour colour) {
+void VisibleTexts::print(std::string_view character, const Rectangle& place, Points size, Colour colour,
+                         Meaning meaning) {
   std::erase_if(characters_, [&](const Character& under) {
     return under.text == character && under.size == size && samePlace(under.place, place);
   });
   const Colour ground = groundAt(place.centre());
   if (character == " " || colour == ground) return;
-  characters_.push_back({std::string(character), place, size, ground});
+  characters_.push_back({std::string(character), place, size, ground, meaning});
 }
 
 void VisibleTexts::cover(Shape shape, const Rectangle& area, Colour colour) {
@@ -111,10 +119,14 @@ void VisibleTexts::appendTexts(const Line& line, std::vector<VisibleText>& texts
     const Points size = previous == nullptr ? 0 : std::max(previous->size, character.size);
     const Points gap = previous == nullptr ? 0 : character.place.left - previous->place.right();
     if (previous == nullptr || gap > farApart * size || previous->ground != character.ground)
-      texts.push_back({character.text, character.place});
+      texts.push_back({{{character.text, character.meaning}}, character.place});
     else {
-      texts.back().text += (gap > thinBlank * size ? " " : "") + character.text;
-      texts.back().place = united(texts.back().place, character.place);
+      auto& [words, place] = texts.back();
+      if (gap > thinBlank * size)
+        words.push_back({character.text, character.meaning});
+      else
+        words.back().text += character.text;
+      place = united(place, character.place);
     }
     previous = &character;
   }

@@ -24,10 +24,27 @@ struct Rectangle {
   bool contains(const Rectangle& other) const;
 };
 
-/// A run of words that belong together on one line, single blanks between them.
-struct VisibleText {
+/// What a printed text means beyond its characters, where the eye takes it from their colour or place.
+enum class Meaning : std::uint8_t {
+  itself,
+  rightGuess,
+  wrongGuess, ///< the text is what would have been right
+  stopwatch,
+};
+
+struct Word {
   std::string text;
+  Meaning meaning{};
+  bool operator==(const Word&) const = default;
+};
+
+/// A run of words that belong together on one line.
+struct VisibleText {
+  std::vector<Word> words;
   Rectangle place;
+
+  /// The words with single blanks between them.
+  std::string text() const;
 };
 
 /// Follows a surface drawing by drawing. A character is gone when something filled covers its middle, or when
@@ -39,7 +56,8 @@ public:
   enum class Shape : std::uint8_t { box, ellipse };
 
   /// `character` is one character in UTF-8, `place` its cell, `size` its font size in points.
-  void print(std::string_view character, const Rectangle& place, Points size, Colour colour);
+  void print(std::string_view character, const Rectangle& place, Points size, Colour colour,
+             Meaning meaning = Meaning::itself);
   /// Something filled with `colour` now lies over all that was there within `area`.
   void cover(Shape shape, const Rectangle& area, Colour colour);
   void clear(Colour background);
@@ -55,6 +73,7 @@ private:
     Rectangle place;
     Points size;
     Colour ground;
+    Meaning meaning;
   };
   struct Cover {
     Shape shape;

@@ -30,7 +30,7 @@ std::string Learner::reads() {
   std::string seen;
   if (const auto active = program().active())
     for (const auto& visible : program().visibleTexts(*active))
-      append(seen, " | ", visible.text);
+      append(seen, " | ", visible.text());
   return seen;
 }
 

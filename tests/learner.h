@@ -18,6 +18,8 @@ public:
 
   /// What can be read on the active screen: "47 + 35 = ? | Score = 1".
   std::string reads();
+  /// What a screen reader says of all that has happened since the last call.
+  std::string hears() { return program().takeNews(); }
   /// The lines of the transcript since the last call that begin with one of `words`, joined by ", ".
   std::string effects(const std::vector<std::string_view>& words);
   /// The screens that were loaded, shown and unloaded since the last call: "load addition, activate

@@ -16,6 +16,8 @@ public:
   void tick(ScreenName, ControlIndex) noexcept override {}
   void front(ScreenName) noexcept override {}
   void close() noexcept override {}
+  std::vector<SpokenText> spokenTexts(ScreenName) const noexcept override { return {}; }
+  std::string takeNews() noexcept override { return {}; }
 };
 
 /// A surface in a font of 9 points, in which a character is 5 points wide and a line 11.25 high.
@@ -37,7 +39,7 @@ protected:
   std::string reads() const {
     std::string all;
     for (const auto& visible : surface.visibleTexts())
-      all += (all.empty() ? "" : " | ") + visible.text;
+      all += (all.empty() ? "" : " | ") + visible.text();
     return all;
   }
 

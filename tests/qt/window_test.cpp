@@ -49,8 +49,9 @@ constexpr std::array drillControls{
 
 constexpr QRgb labelBackground = qRgb(255, 255, 224);
 
-constexpr ScreenLayout homeLayout{accueil, "", Frame::frameless, face, white, homeControls};
-constexpr ScreenLayout drillLayout{addition, "Exercice", Frame::toolWindow, face, white, drillControls};
+constexpr ScreenLayout homeLayout{accueil, "", "Accueil", Frame::frameless, face, white, homeControls};
+constexpr ScreenLayout drillLayout{addition, "Exercice", "Additions",  Frame::toolWindow,
+                                   face,     white,      drillControls};
 
 /// Notes what it is told, and does what a test wants it to do meanwhile.
 class FakeProgram final : public Events {
@@ -73,6 +74,9 @@ public:
     note() << "close";
     react();
   }
+
+  std::vector<SpokenText> spokenTexts(ScreenName /*screen*/) const noexcept override { return {}; }
+  std::string takeNews() noexcept override { return {}; }
 
   /// What it was told since it was last asked.
   std::string told() { return std::exchange(told_, {}).str(); }
