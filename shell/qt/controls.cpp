@@ -175,6 +175,7 @@ QWidget* createControl(const ControlLayout& row, QWidget* parent, const std::fun
   QWidget* const control = createWidget(row, parent);
   if (control == nullptr) return nullptr;
   control->setGeometry(placeOf(row));
+  control->setAccessibleName(toQt(row.accessibleName));
   if (auto* const button = qobject_cast<QAbstractButton*>(control))
     QObject::connect(button, &QAbstractButton::clicked, button, clicked);
   return control;

@@ -18,6 +18,8 @@ public:
   void add(Page& page);
   /// The first one brings the host itself onto the screen.
   void bringForward(Page& page);
+  /// The page that is seen; null when the active screen is gone.
+  Page* current() const { return current_; }
   /// Retires the page.
   void remove(Page& page);
 
@@ -34,7 +36,7 @@ private:
   void showIcon();
 
   std::vector<Page*> pages_;
-  Page* current_{}; // null when the active screen is gone
+  Page* current_{};
   KeyRepeatFilter repeats_;
 };
 

@@ -26,6 +26,7 @@ Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* 
     closeBox_ = new CloseBox(this);
     connect(closeBox_, &CloseBox::clicked, this, [this] { close(); });
   }
+  setAccessibleName(toQt(layout.accessibleName));
   createControls();
   hide();
 }
@@ -57,6 +58,15 @@ void Page::retire() {
   events_ = nullptr;
   hide();
   deleteLater();
+}
+
+std::vector<SpokenText> Page::spokenTexts() const {
+  return events_ == nullptr ? std::vector<SpokenText>{} : events_->spokenTexts(layout_.name);
+}
+
+QRect Page::onDisplay(Point topLeft, Point bottomRight) const {
+  const QRect area = QRectF{toPixels(topLeft), toPixels(bottomRight)}.toAlignedRect();
+  return {surface_->mapToGlobal(area.topLeft()), area.size()};
 }
 
 Events::KeyUse Page::pressKey(const KeyStroke& stroke) {

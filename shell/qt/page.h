@@ -32,6 +32,11 @@ public:
   /// Null for a timer.
   QWidget* control(ControlIndex index) const { return controls_.at(index); }
 
+  /// What can be read on the surface now.
+  std::vector<SpokenText> spokenTexts() const;
+  /// Where an area of the surface lies on the display, in pixels.
+  QRect onDisplay(Point topLeft, Point bottomRight) const;
+
   Events::KeyUse pressKey(const KeyStroke& stroke);
   void click(ControlIndex control);
   void close();

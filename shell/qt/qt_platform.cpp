@@ -11,12 +11,14 @@ namespace chiffrolo::qt {
 
 // To find the faces takes longest at a start: another core does it while the window opens.
 QtPlatform::QtPlatform() {
+  makeSurfacesReadable();
   substituteFonts();
   faceSearch_ = std::jthread(findFaces);
 }
 
 std::unique_ptr<Window> QtPlatform::createWindow(const ScreenLayout& layout, Events& events) noexcept {
-  return std::make_unique<QtWindow>(layout, events, host_, fonts_, ticker_);
+  if (!events_) events_.emplace(events, host_);
+  return std::make_unique<QtWindow>(layout, *events_, host_, fonts_, ticker_);
 }
 
 std::uint64_t QtPlatform::timeOfDay() const noexcept {

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "shell/platform.h"
+#include "shell/qt/accessibility.h"
 #include "shell/qt/fonts.h"
 #include "shell/qt/host_window.h"
 #include "shell/qt/ticker.h"
 
+#include <optional>
 #include <thread>
 
 namespace chiffrolo::qt {
@@ -24,6 +26,7 @@ private:
   Ticker ticker_;
   FontCache fonts_;
   HostWindow host_;
+  std::optional<SpeakingEvents> events_; // from the first window on
 };
 
 } // namespace chiffrolo::qt
