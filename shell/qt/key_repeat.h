@@ -15,6 +15,7 @@ class KeyRepeatFilter {
 public:
   using ScanCode = std::uint32_t;
   using Milliseconds = std::uint64_t; ///< time stamps of the window system, from any origin
+  static constexpr Milliseconds unknown = 0;
 
   enum class Origin : std::uint8_t { hand, autoRepeat };
   enum class Verdict : std::uint8_t { counts, dropped };

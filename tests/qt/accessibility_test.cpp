@@ -22,6 +22,7 @@ constexpr std::array controls{
                   .place = {0, 900, 3000, 600},
                   .caption = "Chiffrolo",
                   .font = face},
+    ControlLayout{.kind = ControlKind::timer, .name = "Minuterie"},
 };
 constexpr ScreenLayout layout{ScreenName::addition, "",      "Additions", Frame::frameless, face,
                               {255, 255, 255},      controls};
@@ -110,6 +111,12 @@ TEST_F(ScreenReader, isToldTheNewsByANotification) {
   pressKey();
   EXPECT_EQ(notification().text(QAccessible::Name), "Bravo");
   EXPECT_FALSE(notification().state().invisible);
+}
+
+TEST_F(ScreenReader, isToldOfWhatTimeBrings) {
+  program_.news = "trop tard";
+  window_->startTimer(2, std::chrono::milliseconds{1});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return notification().text(QAccessible::Name) == "trop tard"; }));
 }
 
 TEST_F(ScreenReader, isNotServedUnlessItListens) {

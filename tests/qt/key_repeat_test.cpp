@@ -52,6 +52,12 @@ TEST_F(KeyRepeat, isNotAnotherKeySoonAfter) {
   EXPECT_EQ(filter_.press(spaceKey, 1300, hand, FIN), counts);
 }
 
+/// While a screen reader listens, Qt passes keys on without their times.
+TEST_F(KeyRepeat, isNotTakenForOneWithoutTimes) {
+  filter_.release(enterKey, KeyRepeatFilter::unknown, hand);
+  EXPECT_EQ(filter_.press(enterKey, KeyRepeatFilter::unknown, hand, FIN), counts);
+}
+
 TEST_F(KeyRepeat, markedReleaseIsNone) {
   filter_.release(enterKey, 1300, autoRepeat);
   EXPECT_EQ(filter_.press(enterKey, 1300, hand, FIN), counts);
