@@ -21,7 +21,11 @@ Program::Program(Platform& platform)
 
 Program::~Program() = default;
 
-void Program::start() { Show(ScreenName::accueil); }
+/// Screen readers read out a window that opens by themselves.
+void Program::start() {
+  Show(ScreenName::accueil);
+  told_ = contents();
+}
 
 Events::KeyUse Program::key(int code, std::optional<char32_t> character) noexcept {
   const auto screen = activeScreen();

@@ -58,6 +58,12 @@ ROWS(News,
      {"home", DIVISION "key Escape", "Accueil. Chiffrolo. Entrainement"},
      {"theEnd", "click Commande5\nclick flèche", ""});
 
+TEST(FirstNews, areNoneOfTheScreenThatTheProgramStartsWith) {
+  Learner learner;
+  learner.play("key Left");
+  EXPECT_EQ(learner.hears(), "");
+}
+
 // ---- What can be read aloud at any time --------------------------------------------------------------
 
 class Speech : public testing::TestWithParam<Row> {};
