@@ -187,43 +187,51 @@ void makeSurfacesReadable() { QAccessible::installFactory(createElement); }
 SpeakingEvents::SpeakingEvents(Events& program, HostWindow& host)
     : program_(program), host_(host), isHeard_(QAccessible::isActive()) {
   QAccessible::installActivationObserver(this);
+  telling_.setSingleShot(true);
+  telling_.setInterval(0);
+  QObject::connect(&telling_, &QTimer::timeout, &telling_, [this] { tell(); });
 }
 
 SpeakingEvents::~SpeakingEvents() { QAccessible::removeActivationObserver(this); }
 
 Events::KeyUse SpeakingEvents::key(int code, std::optional<char32_t> character) noexcept {
   const KeyUse use = program_.key(code, character);
-  tell();
+  tellSoon();
   return use;
 }
 
 void SpeakingEvents::click(ControlIndex control) noexcept {
   program_.click(control);
-  tell();
+  tellSoon();
 }
 
 void SpeakingEvents::tick(ScreenName screen, ControlIndex timer) noexcept {
   program_.tick(screen, timer);
-  tell();
+  tellSoon();
 }
 
 void SpeakingEvents::front(ScreenName screen) noexcept {
   program_.front(screen);
-  tell();
+  tellSoon();
 }
 
 void SpeakingEvents::close() noexcept {
   program_.close();
-  tell();
+  tellSoon();
 }
 
 std::vector<SpokenText> SpeakingEvents::spokenTexts(ScreenName screen) const noexcept {
   return program_.spokenTexts(screen);
 }
 
+/// The picture comes first: what is seen does not wait for what is said.
+void SpeakingEvents::tellSoon() {
+  if (isHeard_) telling_.start();
+}
+
 void SpeakingEvents::tell() {
   Page* const page = host_.current();
-  if (page == nullptr || !isHeard_) return;
+  if (page == nullptr) return;
   auto* const element =
       dynamic_cast<SurfaceElement*>(QAccessible::queryAccessibleInterface(&page->surface()));
   if (element == nullptr) return;

@@ -4,6 +4,7 @@
 #include "shell/qt/host_window.h"
 
 #include <QAccessible>
+#include <QTimer>
 
 namespace chiffrolo::qt {
 
@@ -29,11 +30,13 @@ public:
 
 private:
   void accessibilityActiveChanged(bool active) override { isHeard_ = active; }
+  void tellSoon();
   void tell();
 
   Events& program_;
   HostWindow& host_;
   bool isHeard_;
+  QTimer telling_;
 };
 
 } // namespace chiffrolo::qt

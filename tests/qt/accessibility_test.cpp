@@ -53,6 +53,7 @@ protected:
   void pressKey() {
     auto* const host = QApplication::topLevelWidgets().constFirst();
     QTest::sendKeyEvent(QTest::Click, host->windowHandle(), Qt::Key_7, "7", Qt::NoModifier);
+    QCoreApplication::processEvents();
   }
 
   QAccessibleInterface& surface() {
