@@ -84,6 +84,10 @@ struct TwipsRectangle {
   Twips height{};
 };
 
+/// The least inner area within which everything that any screen shows lies. A front end with less room shows
+/// the whole screen smaller.
+constexpr TwipsRectangle leastInnerArea{0, 0, 13440, 8460};
+
 /// One control. Which members count depends on its kind; the others keep their defaults.
 struct ControlLayout {
   ControlKind kind{};
@@ -137,7 +141,7 @@ public:
   /// Makes the window visible in front of all others; from now on it gets the keys.
   virtual void activate() noexcept = 0;
 
-  /// The width of the inner area, known before the window is first shown.
+  /// The width of the inner area, at least that of `leastInnerArea`, known before the window is first shown.
   virtual Points width() const noexcept = 0;
 
   /// The distance that drawing `text` moves to the right, its blanks included.

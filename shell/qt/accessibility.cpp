@@ -20,7 +20,7 @@ public:
   QObject* object() const override { return nullptr; }
   QWindow* window() const override { return page_.window()->windowHandle(); }
   QAccessibleInterface* parent() const override {
-    return QAccessible::queryAccessibleInterface(&page_.surface());
+    return QAccessible::queryAccessibleInterface(&page_.view().surface());
   }
   QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
   QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
@@ -117,7 +117,7 @@ private:
 class SurfaceElement final : public QAccessibleWidget {
 public:
   explicit SurfaceElement(Page& page)
-      : QAccessibleWidget(&page.surface(), QAccessible::Canvas), page_(page), announcement_(page) {
+      : QAccessibleWidget(&page.view().surface(), QAccessible::Canvas), page_(page), announcement_(page) {
     readAnew();
   }
 
@@ -233,7 +233,7 @@ void SpeakingEvents::tell() {
   Page* const page = host_.current();
   if (page == nullptr) return;
   auto* const element =
-      dynamic_cast<SurfaceElement*>(QAccessible::queryAccessibleInterface(&page->surface()));
+      dynamic_cast<SurfaceElement*>(QAccessible::queryAccessibleInterface(&page->view().surface()));
   if (element == nullptr) return;
   element->readAnew();
   const auto news = program_.takeNews();

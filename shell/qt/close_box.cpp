@@ -14,8 +14,12 @@ CloseBox::CloseBox(QWidget* parent) : QAbstractButton(parent) {
 
 void CloseBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter{this};
-  const auto background = isDown() ? QPalette::Mid : underMouse() ? QPalette::Midlight : QPalette::Window;
-  painter.fillRect(rect(), palette().color(background));
+  painter.fillRect(rect(), palette().color(QPalette::Window));
+  // Shades of the theme's own need not go with the colour of its texts.
+  const QColor shade = palette().color(QPalette::WindowText);
+  painter.setOpacity(isDown() ? 0.3 : underMouse() ? 0.15 : 0);
+  painter.fillRect(rect(), shade);
+  painter.setOpacity(1);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen({palette().color(QPalette::WindowText), 1.5});
   const qreal arm = height() / 5.0;

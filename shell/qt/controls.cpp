@@ -1,34 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "shell/qt/controls.h"
 
+#include "shell/qt/dots.h"
+#include "shell/qt/drawing_surface.h"
 #include "shell/qt/fonts.h"
+#include "shell/qt/pictures.h"
 #include "shell/qt/units.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QPainter>
-#include <QPixmap>
 #include <QPushButton>
+#include <QStyleOptionButton>
 
 namespace chiffrolo::qt {
 
 namespace {
 
-QPixmap load(Picture picture) {
-  switch (picture) {
-  case Picture::none: break;
-  case Picture::arrow: return QPixmap(QStringLiteral(":/fleche.png"));
-  case Picture::stop: return QPixmap(QStringLiteral(":/arret.png"));
-  case Picture::farewell: return QPixmap(QStringLiteral(":/aurevoir.jpg"));
-  }
-  return {};
+/// Fills the widget, but for an outline of one pixel of the layout.
+void paintFrame(QPainter& painter, const WidgetDots& dots, qreal scale, QColor outline, QColor fill) {
+  const int thickness = std::max(1, qRound(dots.ratio * scale));
+  painter.fillRect(dots.area, outline);
+  painter.fillRect(dots.area.adjusted(thickness, thickness, -thickness, -thickness), fill);
 }
 
 /// An icon that can be clicked, as large as its picture.
 class ImageControl final : public QAbstractButton {
 public:
-  ImageControl(const ControlLayout& row, QWidget* parent)
-      : QAbstractButton(parent), picture_(load(row.picture)) {
+  ImageControl(const ControlLayout& row, DrawingSurface& surface)
+      : QAbstractButton(&surface), picture_(row.picture) {
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
     setHidden(row.visible == Visibility::hidden);
@@ -37,148 +37,183 @@ public:
 private:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(rect(), picture_);
+    const auto dots = paintInDots(painter, size());
+    painter.drawPixmap(0, 0, picture_.ofSize(dots.area.size()));
   }
 
-  QPixmap picture_;
+  ScaledPicture picture_;
 };
 
 class PictureBox final : public QWidget {
 public:
-  PictureBox(const ControlLayout& row, QWidget* parent)
-      : QWidget(parent), background_(toQt(row.background)), picture_(load(row.picture)) {}
+  PictureBox(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), surface_(surface), background_(toQt(row.background)), picture_(row.picture) {}
 
 private:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.fillRect(rect(), background_);
-    painter.drawPixmap(0, 0, picture_);
+    const auto dots = paintInDots(painter, size());
+    painter.fillRect(dots.area, background_);
+    painter.drawPixmap(0, 0, picture_.atScale(dots.ratio * surface_.scale()));
   }
 
+  const DrawingSurface& surface_;
   QColor background_;
-  QPixmap picture_;
+  ScaledPicture picture_;
 };
 
-/// A filled rectangle with an outline of one pixel.
+/// A filled rectangle with an outline.
 class ShapeControl final : public QWidget {
 public:
-  ShapeControl(const ControlLayout& row, QWidget* parent)
-      : QWidget(parent), outline_(toQt(row.foreground)), fill_(toQt(row.background)) {
+  ShapeControl(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), surface_(surface), outline_(toQt(row.foreground)), fill_(toQt(row.background)) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
   }
 
 private:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    painter.fillRect(rect(), outline_);
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), fill_);
+    const auto dots = paintInDots(painter, size());
+    paintFrame(painter, dots, surface_.scale(), outline_, fill_);
   }
 
+  const DrawingSurface& surface_;
   QColor outline_;
   QColor fill_;
 };
 
-/// From its top left corner to its bottom right one, one pixel thick.
+/// From its top left corner to its bottom right one, one pixel of the layout thick.
 class LineControl final : public QWidget {
 public:
-  LineControl(const ControlLayout& row, QWidget* parent) : QWidget(parent), colour_(toQt(row.foreground)) {
+  LineControl(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), row_(row), surface_(surface) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
   }
 
 private:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    const bool isDiagonal = width() > 1 && height() > 1;
-    painter.setRenderHint(QPainter::Antialiasing, isDiagonal);
-    painter.setPen(colour_);
-    painter.drawLine(rect().topLeft(), rect().bottomRight());
+    const bool isDiagonal = row_.place.width != 0 && row_.place.height != 0;
+    if (isDiagonal)
+      paintDiagonal(painter);
+    else
+      painter.fillRect(paintInDots(painter, size()).area, toQt(row_.foreground));
   }
 
-  QColor colour_;
+  void paintDiagonal(QPainter& painter) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen({toQt(row_.foreground), surface_.scale()});
+    painter.drawLine(QRectF{rect()}.topLeft(), QRectF{rect()}.bottomRight());
+  }
+
+  const ControlLayout& row_;
+  const DrawingSurface& surface_;
 };
 
-/// Its colours are those of the layout, whatever the desktop prefers.
-QPalette labelColours(const ControlLayout& row) {
-  QPalette colours;
-  colours.setColor(QPalette::Window, toQt(row.background));
-  colours.setColor(QPalette::WindowText, toQt(row.foreground));
-  return colours;
-}
-
-QWidget* createLabel(const ControlLayout& row, QWidget* parent) {
-  auto* const label = new QLabel(parent);
-  const auto across = row.alignment == Alignment::centred ? Qt::AlignHCenter : Qt::AlignLeft;
-  label->setAlignment(across | Qt::AlignTop);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  label->setIndent(0);
-  label->setFrameStyle(row.border == Border::thin ? int{QFrame::Box} | int{QFrame::Plain}
-                                                  : int{QFrame::NoFrame});
-  label->setPalette(labelColours(row));
-  label->setAutoFillBackground(true);
-  label->setFont(captionFont(row.font));
-  label->setText(toQt(row.caption));
-  return label;
-}
-
-/// Some styles hardly show which button has the focus: this one has a ring in addition.
-class RingedButton final : public QPushButton {
+/// Its colours are those of the layout, whatever the desktop prefers, and its words wrap in the same places
+/// at any scale.
+class LabelControl final : public QLabel {
 public:
-  using QPushButton::QPushButton;
+  LabelControl(const ControlLayout& row, DrawingSurface& surface)
+      : QLabel(&surface), row_(row), surface_(surface) {
+    setTextFormat(Qt::PlainText);
+    setFont(captionFont(row.font));
+    setText(toQt(row.caption));
+  }
 
 private:
-  void paintEvent(QPaintEvent* event) override {
-    QPushButton::paintEvent(event);
-    if (!hasFocus()) return;
-    constexpr qreal thickness = 2;
-    constexpr qreal inset = 2.5;
+  void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen({palette().color(QPalette::Highlight), thickness});
-    painter.drawRoundedRect(QRectF{rect()}.adjusted(inset, inset, -inset, -inset), inset, inset);
+    paintGround(painter);
+    painter.scale(surface_.scale(), surface_.scale());
+    painter.setFont(font());
+    painter.setPen(toQt(row_.foreground));
+    const int border = row_.border == Border::thin ? 1 : 0;
+    const QRect place{{}, toPixels(row_.place).size()};
+    const int across = row_.alignment == Alignment::centred ? Qt::AlignHCenter : Qt::AlignLeft;
+    painter.drawText(place.adjusted(border, border, -border, -border),
+                     across | Qt::AlignTop | Qt::TextWordWrap, text());
   }
+
+  void paintGround(QPainter& painter) const {
+    painter.save();
+    const QColor background = toQt(row_.background);
+    const QColor outline = row_.border == Border::thin ? toQt(row_.foreground) : background;
+    paintFrame(painter, paintInDots(painter, size()), surface_.scale(), outline, background);
+    painter.restore();
+  }
+
+  const ControlLayout& row_;
+  const DrawingSurface& surface_;
 };
 
-QWidget* createButton(const ControlLayout& row, QWidget* parent) {
-  // An ampersand would turn the letter behind it into a shortcut.
-  auto* const button = new RingedButton(toQt(row.caption).replace(u'&', QStringLiteral("&&")), parent);
-  button->setFont(captionFont(row.font));
-  button->setToolTip(toQt(row.tooltip));
-  button->setAutoDefault(true); // Enter clicks it, not only the space bar
-  return button;
-}
+/// Some styles hardly show which button has the focus: this one has a ring in addition.
+class ButtonControl final : public QPushButton {
+public:
+  ButtonControl(const ControlLayout& row, DrawingSurface& surface)
+      : QPushButton(&surface), row_(row), surface_(surface) {
+    setText(toQt(row.caption).replace(u'&', QStringLiteral("&&"))); // not a shortcut
+    setFont(captionFont(row.font));
+    setToolTip(toQt(row.tooltip));
+    setAutoDefault(true); // Enter clicks it, not only the space bar
+  }
 
-QWidget* createWidget(const ControlLayout& row, QWidget* parent) {
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+    painter.scale(surface_.scale(), surface_.scale());
+    painter.setFont(font());
+    option.rect = {{}, toPixels(row_.place).size()};
+    style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
+    if (hasFocus()) paintRing(painter, option.rect);
+  }
+
+  void paintRing(QPainter& painter, QRectF place) const {
+    constexpr qreal thickness = 2;
+    constexpr qreal inset = 2.5;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen({palette().color(QPalette::Highlight), thickness});
+    painter.drawRoundedRect(place.adjusted(inset, inset, -inset, -inset), inset, inset);
+  }
+
+  const ControlLayout& row_;
+  const DrawingSurface& surface_;
+};
+
+QWidget* createWidget(const ControlLayout& row, DrawingSurface& surface) {
   switch (row.kind) {
-  case ControlKind::label: return createLabel(row, parent);
-  case ControlKind::button: return createButton(row, parent);
-  case ControlKind::image: return new ImageControl(row, parent);
-  case ControlKind::line: return new LineControl(row, parent);
-  case ControlKind::shape: return new ShapeControl(row, parent);
-  case ControlKind::pictureBox: return new PictureBox(row, parent);
+  case ControlKind::label: return new LabelControl(row, surface);
+  case ControlKind::button: return new ButtonControl(row, surface);
+  case ControlKind::image: return new ImageControl(row, surface);
+  case ControlKind::line: return new LineControl(row, surface);
+  case ControlKind::shape: return new ShapeControl(row, surface);
+  case ControlKind::pictureBox: return new PictureBox(row, surface);
   case ControlKind::timer: break;
   }
   return nullptr;
 }
 
-/// A line covers the dots at both of its ends, be it as flat as it may.
-QRect placeOf(const ControlLayout& row) {
-  const QRect place = toPixels(row.place);
-  return row.kind == ControlKind::line ? place.adjusted(0, 0, 1, 1) : place;
-}
-
 } // namespace
 
-QWidget* createControl(const ControlLayout& row, QWidget* parent, const std::function<void()>& clicked) {
-  QWidget* const control = createWidget(row, parent);
+QWidget* createControl(const ControlLayout& row, DrawingSurface& surface,
+                       const std::function<void()>& clicked) {
+  QWidget* const control = createWidget(row, surface);
   if (control == nullptr) return nullptr;
-  control->setGeometry(placeOf(row));
   control->setAccessibleName(toQt(row.accessibleName));
+  placeControl(*control, row, surface.scale());
   if (auto* const button = qobject_cast<QAbstractButton*>(control))
     QObject::connect(button, &QAbstractButton::clicked, button, clicked);
   return control;
+}
+
+/// A line covers the dots at both of its ends, be it as flat as it may.
+void placeControl(QWidget& control, const ControlLayout& row, qreal scale) {
+  const int thickness = row.kind == ControlKind::line ? std::max(1, qRound(scale)) : 0;
+  control.setGeometry(toPixels(row.place, scale).adjusted(0, 0, thickness, thickness));
+  control.update();
 }
 
 void setLabelCaption(QWidget& control, std::string_view caption) {

@@ -9,9 +9,15 @@
 
 namespace chiffrolo::qt {
 
-/// The widget for a row of a layout, at its place; null for a timer. `row` outlives it, `clicked` is called
-/// for each click on a button or image.
-QWidget* createControl(const ControlLayout& row, QWidget* parent, const std::function<void()>& clicked);
+class DrawingSurface;
+
+/// The widget for a row of a layout, shown at the scale of the surface on which it lies; null for a timer.
+/// `row` outlives it, `clicked` is called for each click on a button or image.
+QWidget* createControl(const ControlLayout& row, DrawingSurface& surface,
+                       const std::function<void()>& clicked);
+
+/// Puts the widget of `row` where it lies when `scale` of its pixels make one of the layout.
+void placeControl(QWidget& control, const ControlLayout& row, qreal scale);
 
 /// `control` is the widget of a label.
 void setLabelCaption(QWidget& control, std::string_view caption);

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QImage>
 #include <QRectF>
 
 #include <array>
+
+class QPainter;
 
 namespace chiffrolo::qt {
 
@@ -18,8 +19,6 @@ public:
   QRect outer(const QRectF& area) const;
   /// The four parts of that stroke.
   std::array<QRect, 4> sides(const QRect& outer) const;
-  /// Whether a stroke between these ends (pixels) is level or upright.
-  bool isStraight(QPointF from, QPointF to) const;
 
 private:
   int first(qreal pixel) const;
@@ -28,7 +27,14 @@ private:
   int thickness_; // in dots
 };
 
-/// Fills `area` of an opaque image. Returns the part of it in which dots have changed their colour.
-QRect fillDots(QImage& image, QRect area, QRgb colour);
+/// A widget in dots of the device that it is painted on.
+struct WidgetDots {
+  QRect area;     ///< from its top left dot
+  qreal ratio{1}; ///< dots to a pixel of the widget
+};
+
+/// From now on, `painter`, fresh in a widget of that size, paints in whole dots from the top left one of the
+/// widget, wherever the widget lies and however many dots make a pixel.
+WidgetDots paintInDots(QPainter& painter, QSize widget);
 
 } // namespace chiffrolo::qt

@@ -6,114 +6,83 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace chiffrolo::qt {
 
 namespace {
 
-QRectF around(const QRectF& shape, int thickness) {
-  const qreal margin = thickness / 2.0 + 1;
-  return shape.adjusted(-margin, -margin, margin, margin);
+bool isStraight(QPointF from, QPointF to) {
+  const QPointF across = to - from;
+  return std::min(std::abs(across.x()), std::abs(across.y())) < 0.5;
 }
 
-QPen roundPen(QColor colour, int thickness) {
-  return {colour, qreal(thickness), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+Figure::Inside inside(std::optional<QColor> fill) {
+  return fill ? Figure::Inside::filled : Figure::Inside::empty;
 }
 
 } // namespace
 
-DrawingSurface::DrawingSurface(QColor background, QWidget* parent) : QWidget(parent), picture_(background) {
+DrawingSurface::DrawingSurface(QColor background, QWidget* parent, std::function<void()> onDrawn)
+    : QWidget(parent), picture_(background), onDrawn_(std::move(onDrawn)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void DrawingSurface::drawText(QPointF topLeft, const QString& text, const TextFace& face, QColor colour) {
-  auto& image = picture().image();
-  const QRectF area = face.inkArea(text).translated(topLeft);
-  texts_.prepare({text, &face, topLeft, picture_.ratio()}, dotsOf(area), image);
-  flat_.disturb(dotsOf(area));
-  QPainter painter{&image};
-  painter.setPen(colour);
-  face.draw(painter, topLeft, text);
-  update(area.toAlignedRect());
+  add({PrintedText{text, &face, topLeft}, colour});
 }
 
 void DrawingSurface::drawSegment(QPointF from, QPointF to, int thickness, QColor colour) {
-  const DotGrid grid{picture().ratio(), thickness};
-  const auto area = QRectF{from, to}.normalized();
-  if (grid.isStraight(from, to)) {
-    this->fill(grid.outer(area), colour);
-    return;
-  }
-  QPainter painter{&picture().image()};
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(roundPen(colour, thickness));
-  painter.drawLine(from, to);
-  cover(around(area, thickness));
+  if (isStraight(from, to)) return drawBox(from, to, thickness, colour, colour);
+  add({Figure{Figure::Form::segment, from, to, thickness}, colour});
 }
 
 void DrawingSurface::drawBox(QPointF corner, QPointF opposite, int thickness, QColor outline,
                              std::optional<QColor> fill) {
-  const DotGrid grid{picture().ratio(), thickness};
-  const QRect outer = grid.outer(QRectF{corner, opposite}.normalized());
-  if (fill) this->fill(outer, *fill);
-  if (fill == outline) return;
-  for (const auto& side : grid.sides(outer))
-    this->fill(side, outline);
+  add({Figure{Figure::Form::box, corner, opposite, thickness, inside(fill)}, outline,
+       fill.value_or(QColor{})});
 }
 
 void DrawingSurface::drawEllipse(QPointF centre, QSizeF radii, int thickness, QColor outline,
                                  std::optional<QColor> fill) {
-  QPainter painter{&picture().image()};
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(roundPen(outline, thickness));
-  if (fill) painter.setBrush(*fill);
-  painter.drawEllipse(centre, radii.width(), radii.height());
   const QPointF corner{radii.width(), radii.height()};
-  cover(around({centre - corner, centre + corner}, thickness));
+  add({Figure{Figure::Form::ellipse, centre - corner, centre + corner, thickness, inside(fill)}, outline,
+       fill.value_or(QColor{})});
 }
 
 void DrawingSurface::clear(QColor background) {
-  picture().clear(background);
-  texts_.clear();
-  flat_.clear();
+  picture_.clear(background);
+  drawn_ = {};
   update();
 }
 
-void DrawingSurface::paintEvent(QPaintEvent* /*event*/) {
+void DrawingSurface::setScale(qreal scale) {
+  scale_ = scale;
+  update();
+}
+
+void DrawingSurface::add(const Drawing& drawing) {
+  const auto change = picture_.add(drawing);
+  for (const auto& area : change.areas)
+    update(painted(area));
+  if (change.drawn.isEmpty()) return;
+  drawn_ |= change.drawn;
+  onDrawn_();
+}
+
+void DrawingSurface::paintEvent(QPaintEvent* event) {
   QPainter painter{this};
-  picture().paint(painter);
+  painter.fillRect(event->rect(), picture_.background());
+  const qreal ratio = paintInDots(painter, size()).ratio * scale_;
+  picture_.paint(painter, ratio, [&](const QRectF& ink) { return event->region().intersects(painted(ink)); });
 }
 
-RetainedPicture& DrawingSurface::picture() {
-  if (picture_.ratio() != devicePixelRatioF()) flat_.clear();
-  picture_.fit(size(), devicePixelRatioF());
-  return picture_;
-}
-
-void DrawingSurface::fill(QRect dots, QColor colour) {
-  auto& image = picture().image();
-  const QRect visible = dots & image.rect();
-  if (flat_.has(visible, colour.rgb())) return;
-  const QRect changed = fillDots(image, visible, colour.rgb());
-  flat_.fill(visible, colour.rgb());
-  texts_.cover(dots);
-  update(areaOf(changed).toAlignedRect());
-}
-
-void DrawingSurface::cover(const QRectF& area) {
-  const QRect dots = dotsOf(area);
-  texts_.cover(dots);
-  flat_.disturb(dots);
-  update(area.toAlignedRect());
-}
-
-QRectF DrawingSurface::areaOf(QRect dots) const {
-  const qreal ratio = picture_.ratio();
-  return {QPointF{dots.topLeft()} / ratio, QSizeF{dots.size()} / ratio};
-}
-
-QRect DrawingSurface::dotsOf(const QRectF& area) const {
-  const qreal ratio = picture_.ratio();
-  return QRectF{area.topLeft() * ratio, area.size() * ratio}.toAlignedRect();
+QRect DrawingSurface::painted(const QRectF& ink) const {
+  constexpr qreal softening = 1; // no edge reaches further, on whatever dot it comes to lie
+  return QRectF{ink.topLeft() * scale_, ink.size() * scale_}
+      .adjusted(-softening, -softening, softening, softening)
+      .toAlignedRect();
 }
 
 } // namespace chiffrolo::qt

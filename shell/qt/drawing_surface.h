@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "shell/qt/flat_areas.h"
-#include "shell/qt/fonts.h"
-#include "shell/qt/printed_texts.h"
-#include "shell/qt/retained_picture.h"
+#include "shell/qt/display_list.h"
 
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 namespace chiffrolo::qt {
 
-/// What a screen draws on, below its controls. Places are in pixels from its top left corner.
+/// What a screen draws on, below its controls. Places are in pixels of the layout, from its top left corner.
 class DrawingSurface final : public QWidget {
 public:
-  DrawingSurface(QColor background, QWidget* parent);
+  /// `onDrawn` is called when something was drawn to be seen.
+  DrawingSurface(
+      QColor background, QWidget* parent, std::function<void()> onDrawn = [] {});
 
   void drawText(QPointF topLeft, const QString& text, const TextFace& face, QColor colour);
   void drawSegment(QPointF from, QPointF to, int thickness, QColor colour);
@@ -23,20 +23,25 @@ public:
   void drawEllipse(QPointF centre, QSizeF radii, int thickness, QColor outline, std::optional<QColor> fill);
   void clear(QColor background);
 
+  /// How many pixels of the widget make one of the layout; 1 until it is set.
+  void setScale(qreal scale);
+  qreal scale() const { return scale_; }
+
+  /// What was drawn to be seen since this was last asked, in pixels of the layout.
+  QRectF takeDrawn() { return std::exchange(drawn_, {}); }
+  const DisplayList& picture() const { return picture_; }
+
 private:
   void paintEvent(QPaintEvent* event) override;
 
-  /// The picture, in the size and with the ratio that the widget has now.
-  RetainedPicture& picture();
-  void fill(QRect dots, QColor colour);
-  /// A shape was drawn within `area`.
-  void cover(const QRectF& area);
-  QRectF areaOf(QRect dots) const;
-  QRect dotsOf(const QRectF& area) const;
+  void add(const Drawing& drawing);
+  /// What may be painted when `ink` is, in pixels of the widget.
+  QRect painted(const QRectF& ink) const;
 
-  RetainedPicture picture_;
-  PrintedTexts texts_;
-  FlatAreas flat_;
+  DisplayList picture_;
+  qreal scale_{1};
+  QRectF drawn_;
+  std::function<void()> onDrawn_;
 };
 
 } // namespace chiffrolo::qt

@@ -78,17 +78,29 @@ TextFace::TextFace(const Font& font) : font_(withoutKerning(makeFont(font, multi
 /// one.
 qreal TextFace::width(const QString& text) const {
   qreal sum = 0;
-  for (const QChar character : text) {
-    const auto [known, isNew] = widths_.try_emplace(character);
-    if (isNew) known->second = metrics_.horizontalAdvance(character) * scale_;
-    sum += known->second;
-  }
+  for (const QChar character : text)
+    sum += cell(character).width;
   return sum;
 }
 
 QRectF TextFace::inkArea(const QString& text) const {
-  const qreal overhang = lineHeight() / 8; // no letter reaches further out of its cell
-  return QRectF{0, 0, width(text), lineHeight()}.adjusted(-overhang, -overhang, overhang, overhang);
+  QRectF area;
+  qreal left = 0;
+  for (const QChar character : text) {
+    const auto& [width, ink] = cell(character);
+    area |= ink.translated(left, 0);
+    left += width;
+  }
+  return area;
+}
+
+const TextFace::Cell& TextFace::cell(QChar character) const {
+  const auto [known, isNew] = cells_.try_emplace(character);
+  if (!isNew) return known->second;
+  const QRectF ink = metrics_.boundingRect(character).translated(0, metrics_.ascent());
+  known->second = {metrics_.horizontalAdvance(character) * scale_,
+                   {ink.topLeft() * scale_, ink.size() * scale_}};
+  return known->second;
 }
 
 void TextFace::draw(QPainter& painter, QPointF topLeft, const QString& text) const {

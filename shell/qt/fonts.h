@@ -34,7 +34,7 @@ public:
   qreal lineHeight() const { return metrics_.height() * scale_; }
   qreal averageCharacterWidth() const { return metrics_.averageCharWidth() * scale_; }
 
-  /// All that `draw` paints on, and a little more, from its `topLeft`.
+  /// All that `draw` paints on, from its `topLeft`; empty for blanks.
   QRectF inkArea(const QString& text) const;
   /// With the pen of `painter`.
   void draw(QPainter& painter, QPointF topLeft, const QString& text) const;
@@ -43,9 +43,15 @@ private:
   static constexpr int multiple_ = 3; // whole pixels for all sizes that are multiples of 1/4 point
   static constexpr qreal scale_ = 1.0 / multiple_;
 
+  struct Cell {
+    qreal width{};
+    QRectF ink; // from the top left corner of the cell
+  };
+  const Cell& cell(QChar character) const;
+
   QFont font_;
   QFontMetricsF metrics_;
-  mutable std::map<QChar, qreal> widths_; // of the characters that were measured so far, in pixels
+  mutable std::map<QChar, Cell> cells_; // of the characters that were measured so far, in pixels
 };
 
 /// The few faces and sizes that the screens draw with, each made once: a key press must not wait for a font.

@@ -2,6 +2,7 @@
 #include "shell/qt/host_window.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QScreen>
 #include <QTimer>
@@ -28,6 +29,11 @@ KeyRepeatFilter::Origin origin(const QKeyEvent& event) {
   return event.isAutoRepeat() ? KeyRepeatFilter::Origin::autoRepeat : KeyRepeatFilter::Origin::hand;
 }
 
+/// There, a window that sizes itself breaks the protocol.
+bool isSizedByCompositor() {
+  return QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}
+
 } // namespace
 
 HostWindow::HostWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
@@ -41,12 +47,14 @@ HostWindow::HostWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
 
 void HostWindow::add(Page& page) {
   pages_.push_back(&page);
+  page.view().setZoom(zoom_.factor());
   page.fill(size());
 }
 
 void HostWindow::bringForward(Page& page) {
   if (&page == current_) return;
   Page* const previous = std::exchange(current_, &page);
+  page.view().goToTopLeft();
   page.show();
   page.takeFocus();
   if (previous != nullptr) previous->hide();
@@ -62,6 +70,8 @@ void HostWindow::remove(Page& page) {
 void HostWindow::open() {
   showMaximized();
   windowHandle()->installEventFilter(this);
+  connect(windowHandle(), &QWindow::screenChanged, this, [this] { followScreen(); });
+  followScreen();
   raise();
   activateWindow();
 }
@@ -89,6 +99,11 @@ bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
 HostWindow::KeyFate HostWindow::pressKey(const QKeyEvent& press) {
   using enum KeyFate;
   if (current_ == nullptr) return usedUp;
+  if (const auto step = zoomStep(press)) {
+    repeats_.dropRepeats(scanCode(press)); // they go on when the Control key is let go first
+    takeZoomStep(*step);
+    return usedUp;
+  }
   const auto verdict = repeats_.press(scanCode(press), press.timestamp(), origin(press), current_->name());
   if (verdict == KeyRepeatFilter::Verdict::dropped) return usedUp;
   const bool hasButtons = current_->hasButtons();
@@ -100,6 +115,26 @@ HostWindow::KeyFate HostWindow::pressKey(const QKeyEvent& press) {
 
 void HostWindow::releaseKey(const QKeyEvent& release) {
   repeats_.release(scanCode(release), release.timestamp(), origin(release));
+}
+
+void HostWindow::takeZoomStep(ZoomStep step) {
+  zoom_.take(step);
+  for (auto* const page : pages_)
+    page->view().setZoom(zoom_.factor());
+}
+
+void HostWindow::followScreen() {
+  disconnect(screenChanges_);
+  screenChanges_ = connect(screen(), &QScreen::availableGeometryChanged, this, [this] { fillScreenSoon(); });
+}
+
+/// Whatever keeps the window maximized gets time to do so again; where there is nothing of the kind, the
+/// window follows the screen by itself.
+void HostWindow::fillScreenSoon() {
+  constexpr std::chrono::milliseconds patience{500};
+  QTimer::singleShot(patience, this, [this, before = size()] {
+    if (size() == before && !isSizedByCompositor()) setGeometry(screen()->availableGeometry());
+  });
 }
 
 /// Once, and only after the first picture: the icon takes longer to load and to send than the home screen.

@@ -3,6 +3,7 @@
 
 #include "shell/qt/key_repeat.h"
 #include "shell/qt/page.h"
+#include "shell/qt/zoom.h"
 
 #include <vector>
 
@@ -32,12 +33,17 @@ private:
   enum class KeyFate : std::uint8_t { usedUp, leftToFocus };
   KeyFate pressKey(const QKeyEvent& press);
   void releaseKey(const QKeyEvent& release);
+  void takeZoomStep(ZoomStep step);
   void open();
+  void followScreen();
+  void fillScreenSoon();
   void showIcon();
 
   std::vector<Page*> pages_;
   Page* current_{};
   KeyRepeatFilter repeats_;
+  Zoom zoom_;
+  QMetaObject::Connection screenChanges_;
 };
 
 } // namespace chiffrolo::qt

@@ -22,6 +22,8 @@ public:
 
   Verdict press(ScanCode key, Milliseconds time, Origin origin, ScreenName activeScreen);
   void release(ScanCode key, Milliseconds time, Origin origin);
+  /// None of the key's repeats counts until it is freshly pressed again.
+  void dropRepeats(ScanCode key) { keys_.erase(key); }
 
 private:
   struct HeldKey {

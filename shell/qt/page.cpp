@@ -2,11 +2,9 @@
 #include "shell/qt/page.h"
 
 #include "shell/qt/close_box.h"
-#include "shell/qt/controls.h"
 #include "shell/qt/units.h"
 
 #include <QPainter>
-#include <QPushButton>
 
 namespace chiffrolo::qt {
 
@@ -21,27 +19,19 @@ constexpr int titleIndent = 8;
 
 Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* host)
     : QWidget(host), layout_(layout), events_(&events), ticker_(ticker),
-      surface_(new DrawingSurface(toQt(layout.background), this)) {
+      view_(new View(
+          layout, [this](ControlIndex control) { click(control); }, this)) {
   if (layout.frame == Frame::toolWindow) {
     closeBox_ = new CloseBox(this);
     connect(closeBox_, &CloseBox::clicked, this, [this] { close(); });
   }
   setAccessibleName(toQt(layout.accessibleName));
-  createControls();
   hide();
-}
-
-void Page::createControls() {
-  for (ControlIndex index = 0; index < layout_.controls.size(); ++index) {
-    auto* const control = createControl(layout_.controls[index], surface_, [this, index] { click(index); });
-    controls_.push_back(control);
-    if (!hasButtons() && qobject_cast<QPushButton*>(control) != nullptr) firstButton_ = control;
-  }
 }
 
 void Page::fill(QSize host) {
   setGeometry({{}, host});
-  surface_->setGeometry(innerArea());
+  view_->setGeometry(innerArea());
   if (closeBox_ == nullptr) return;
   const QRect bar = titleBar();
   closeBox_->setGeometry(bar.right() + 1 - titleHeight, bar.top(), titleHeight, titleHeight);
@@ -51,7 +41,7 @@ void Page::takeFocus() {
   if (QWidget* const last = focusWidget())
     last->setFocus();
   else
-    (hasButtons() ? firstButton_ : this)->setFocus();
+    (hasButtons() ? view_->firstButton() : this)->setFocus();
 }
 
 void Page::retire() {
@@ -65,8 +55,9 @@ std::vector<SpokenText> Page::spokenTexts() const {
 }
 
 QRect Page::onDisplay(Point topLeft, Point bottomRight) const {
-  const QRect area = QRectF{toPixels(topLeft), toPixels(bottomRight)}.toAlignedRect();
-  return {surface_->mapToGlobal(area.topLeft()), area.size()};
+  const DrawingSurface& surface = view_->surface();
+  const QRectF area{toPixels(topLeft) * surface.scale(), toPixels(bottomRight) * surface.scale()};
+  return area.translated(surface.mapToGlobal(QPoint{})).toAlignedRect();
 }
 
 Events::KeyUse Page::pressKey(const KeyStroke& stroke) {
@@ -77,6 +68,12 @@ Events::KeyUse Page::pressKey(const KeyStroke& stroke) {
 void Page::click(ControlIndex control) {
   const Ticker::HeldInstant instant{ticker_};
   if (events_ != nullptr) events_->click(control);
+}
+
+/// The caller may be gone when it returns, but not the page.
+void Page::tick(ControlIndex timer) {
+  if (events_ != nullptr) events_->tick(layout_.name, timer);
+  view_->ignoreWhatWasDrawn();
 }
 
 void Page::close() {

@@ -2,18 +2,16 @@
 #pragma once
 
 #include "shell/platform.h"
-#include "shell/qt/drawing_surface.h"
 #include "shell/qt/keys.h"
 #include "shell/qt/ticker.h"
-
-#include <vector>
+#include "shell/qt/view.h"
 
 namespace chiffrolo::qt {
 
 class CloseBox;
 
-/// One screen: its frame, its surface and its controls. It tells `events` what the learner does there, until
-/// it is retired.
+/// One screen: its frame and, within it, the view of its surface and controls. It tells `events` what the
+/// learner does there, until it is retired.
 class Page final : public QWidget {
 public:
   /// All of them outlive the page.
@@ -27,10 +25,8 @@ public:
   void retire();
 
   ScreenName name() const { return layout_.name; }
-  bool hasButtons() const { return firstButton_ != nullptr; }
-  DrawingSurface& surface() { return *surface_; }
-  /// Null for a timer.
-  QWidget* control(ControlIndex index) const { return controls_.at(index); }
+  bool hasButtons() const { return view_->firstButton() != nullptr; }
+  View& view() { return *view_; }
 
   /// What can be read on the surface now.
   std::vector<SpokenText> spokenTexts() const;
@@ -39,21 +35,19 @@ public:
 
   Events::KeyUse pressKey(const KeyStroke& stroke);
   void click(ControlIndex control);
+  void tick(ControlIndex timer);
   void close();
 
 private:
   void paintEvent(QPaintEvent* event) override;
-  void createControls();
   QRect titleBar() const;
   QRect innerArea() const;
 
   const ScreenLayout& layout_;
   Events* events_; // null once retired
   Ticker& ticker_;
-  DrawingSurface* surface_;
+  View* view_;
   CloseBox* closeBox_{};
-  QWidget* firstButton_{};
-  std::vector<QWidget*> controls_; // by row of the layout
 };
 
 } // namespace chiffrolo::qt

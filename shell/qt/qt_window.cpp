@@ -16,7 +16,7 @@ std::optional<QColor> toQt(std::optional<Colour> colour) {
 
 QtWindow::QtWindow(const ScreenLayout& layout, Events& events, HostWindow& host, FontCache& fonts,
                    Ticker& ticker)
-    : layout_(layout), events_(events), host_(host), fonts_(fonts), ticker_(ticker),
+    : layout_(layout), host_(host), fonts_(fonts), ticker_(ticker),
       page_(*new Page(layout, events, ticker, &host)) {
   host_.add(page_);
   startTimersOnByDesign();
@@ -37,7 +37,7 @@ void QtWindow::startTimersOnByDesign() {
 
 void QtWindow::activate() noexcept { host_.bringForward(page_); }
 
-Points QtWindow::width() const noexcept { return toPoints(page_.surface().width()); }
+Points QtWindow::width() const noexcept { return toPoints(page_.view().innerWidth()); }
 
 Points QtWindow::textWidth(std::string_view text, const Font& font) const noexcept {
   return toPoints(fonts_.face(font).width(qt::toQt(text)));
@@ -52,32 +52,33 @@ Points QtWindow::averageCharacterWidth(const Font& font) const noexcept {
 }
 
 void QtWindow::drawText(Point topLeft, std::string_view text, const Font& font, Colour colour) noexcept {
-  page_.surface().drawText(toPixels(topLeft), qt::toQt(text), fonts_.face(font), qt::toQt(colour));
+  page_.view().surface().drawText(toPixels(topLeft), qt::toQt(text), fonts_.face(font), qt::toQt(colour));
 }
 
 void QtWindow::drawSegment(Point from, Point to, int thickness, Colour colour) noexcept {
-  page_.surface().drawSegment(toPixels(from), toPixels(to), thickness, qt::toQt(colour));
+  page_.view().surface().drawSegment(toPixels(from), toPixels(to), thickness, qt::toQt(colour));
 }
 
 void QtWindow::drawBox(Point corner, Point opposite, int thickness, Colour outline,
                        std::optional<Colour> fill) noexcept {
-  page_.surface().drawBox(toPixels(corner), toPixels(opposite), thickness, qt::toQt(outline), toQt(fill));
+  page_.view().surface().drawBox(toPixels(corner), toPixels(opposite), thickness, qt::toQt(outline),
+                                 toQt(fill));
 }
 
 void QtWindow::drawEllipse(Point centre, Points radiusX, Points radiusY, int thickness, Colour outline,
                            std::optional<Colour> fill) noexcept {
   const QSizeF radii{toPixels(radiusX), toPixels(radiusY)};
-  page_.surface().drawEllipse(toPixels(centre), radii, thickness, qt::toQt(outline), toQt(fill));
+  page_.view().surface().drawEllipse(toPixels(centre), radii, thickness, qt::toQt(outline), toQt(fill));
 }
 
-void QtWindow::clear(Colour background) noexcept { page_.surface().clear(qt::toQt(background)); }
+void QtWindow::clear(Colour background) noexcept { page_.view().surface().clear(qt::toQt(background)); }
 
 void QtWindow::setVisible(ControlIndex control, Visibility visible) noexcept {
-  if (auto* const widget = page_.control(control)) widget->setVisible(visible == Visibility::visible);
+  page_.view().setImageVisible(control, visible);
 }
 
 void QtWindow::setCaption(ControlIndex control, std::string_view caption) noexcept {
-  if (auto* const widget = page_.control(control)) setLabelCaption(*widget, caption);
+  if (auto* const widget = page_.view().control(control)) setLabelCaption(*widget, caption);
 }
 
 void QtWindow::startTimer(ControlIndex timer, std::chrono::milliseconds interval) noexcept {
@@ -86,6 +87,6 @@ void QtWindow::startTimer(ControlIndex timer, std::chrono::milliseconds interval
 
 void QtWindow::stopTimer(ControlIndex timer) noexcept { ticker_.stop({this, timer}); }
 
-void QtWindow::tick(ControlIndex timer) { events_.tick(layout_.name, timer); }
+void QtWindow::tick(ControlIndex timer) { page_.tick(timer); }
 
 } // namespace chiffrolo::qt

@@ -37,7 +37,6 @@ private:
   void startTimersOnByDesign();
 
   const ScreenLayout& layout_;
-  Events& events_;
   HostWindow& host_;
   FontCache& fonts_;
   Ticker& ticker_;

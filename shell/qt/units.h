@@ -21,9 +21,10 @@ constexpr Points toPoints(qreal pixels) { return static_cast<Points>(pixels / pi
 
 inline QPointF toPixels(Point point) { return {toPixels(point.x), toPixels(point.y)}; }
 
-/// Both edges are rounded, so that places that touch each other in the layout do so on the screen.
-inline QRect toPixels(const TwipsRectangle& place) {
-  const auto edge = [](Twips twips) { return qRound(twips * pixelsPerTwip); };
+/// In pixels of which `scale` make one of the layout. Both edges are rounded, so that places that touch each
+/// other in the layout do so on the screen.
+inline QRect toPixels(const TwipsRectangle& place, qreal scale = 1) {
+  const auto edge = [scale](Twips twips) { return qRound(twips * pixelsPerTwip * scale); };
   const QPoint topLeft{edge(place.left), edge(place.top)};
   const QPoint past{edge(place.left + place.width), edge(place.top + place.height)};
   return {topLeft, QSize{past.x() - topLeft.x(), past.y() - topLeft.y()}};

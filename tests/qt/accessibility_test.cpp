@@ -58,7 +58,7 @@ protected:
 
   QAccessibleInterface& surface() {
     auto* const host = QAccessible::queryAccessibleInterface(QApplication::topLevelWidgets().constFirst());
-    return *host->child(0)->child(0);
+    return *host->child(0)->child(0)->child(0);
   }
 
   QAccessibleInterface& notification() { return *surface().child(surface().childCount() - 1); }
@@ -87,8 +87,8 @@ TEST_F(ScreenReader, findsTextsAndControls) {
   const QPoint corner = QApplication::topLevelWidgets().constFirst()->mapToGlobal(QPoint{});
   EXPECT_EQ(surface().child(0)->rect(), QRect(80, 106, 187, 41).translated(corner))
       << "96 pixels to 72 points";
-  EXPECT_EQ(surface().parent()->text(QAccessible::Name), "Additions");
-  EXPECT_EQ(surface().parent()->parent()->role(), QAccessible::Window);
+  EXPECT_EQ(surface().parent()->parent()->text(QAccessible::Name), "Additions");
+  EXPECT_EQ(surface().parent()->parent()->parent()->role(), QAccessible::Window);
   EXPECT_EQ(notification().role(), QAccessible::Notification);
 }
 

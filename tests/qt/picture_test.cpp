@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "shell/qt/dots.h"
 #include "shell/qt/drawing_surface.h"
-#include "shell/qt/retained_picture.h"
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <random>
 
 namespace chiffrolo::qt {
 
@@ -16,63 +19,6 @@ namespace {
 const QColor white{255, 255, 255};
 const QColor red{255, 0, 0};
 const QColor blue{0, 0, 255};
-
-class Picture : public testing::Test {
-protected:
-  void SetUp() override {
-    picture_.fit({100, 100}, 1);
-    paint({90, 90, 10, 10}, red);
-  }
-
-  void paint(QRect area, QColor colour) { QPainter{&picture_.image()}.fillRect(area, colour); }
-  QColor dot(int x, int y) { return picture_.image().pixelColor(x, y); }
-
-  RetainedPicture picture_{white};
-};
-
-TEST_F(Picture, growsWithTheBackground) {
-  picture_.fit({200, 150}, 1);
-  EXPECT_EQ(picture_.image().size(), QSize(200, 150));
-  EXPECT_EQ(dot(95, 95), red);
-  EXPECT_EQ(dot(100, 95), white);
-  EXPECT_EQ(dot(95, 149), white);
-}
-
-TEST_F(Picture, keepsWhatASmallerSurfaceCutsOff) {
-  picture_.fit({50, 50}, 1);
-  EXPECT_EQ(dot(10, 10), white);
-  picture_.fit({100, 100}, 1);
-  EXPECT_EQ(dot(95, 95), red);
-}
-
-TEST_F(Picture, isScaledToAnotherRatio) {
-  picture_.fit({100, 100}, 2);
-  EXPECT_EQ(picture_.image().size(), QSize(200, 200));
-  EXPECT_EQ(dot(170, 170), white);
-  EXPECT_EQ(dot(190, 190), red);
-  paint({10, 10, 10, 10}, blue); // in pixels
-  EXPECT_EQ(dot(20, 20), blue);
-  EXPECT_EQ(dot(39, 39), blue);
-  EXPECT_EQ(dot(40, 40), white);
-}
-
-TEST_F(Picture, isClearedWhereItIsCutOffToo) {
-  picture_.fit({50, 50}, 1);
-  picture_.clear(blue);
-  picture_.fit({150, 100}, 1);
-  EXPECT_EQ(dot(95, 95), blue);
-  EXPECT_EQ(dot(149, 95), blue);
-}
-
-TEST(FillDots, tellsWhatHasChanged) {
-  QImage image{100, 100, QImage::Format_RGB32};
-  image.fill(white);
-  EXPECT_TRUE(fillDots(image, {0, 0, 100, 100}, white.rgb()).isEmpty());
-  EXPECT_EQ(fillDots(image, {30, 30, 10, 20}, red.rgb()), QRect(30, 30, 10, 20));
-  EXPECT_EQ(fillDots(image, {20, 40, 100, 100}, white.rgb()), QRect(30, 40, 10, 10));
-  EXPECT_EQ(image.pixelColor(39, 39), red);
-  EXPECT_EQ(image.pixelColor(30, 40), white);
-}
 
 class PaintWatcher final : public QObject {
 public:
@@ -155,17 +101,22 @@ TEST_F(Surface, paintsOnlyWhatHasChanged) {
   surface_.installEventFilter(&watcher);
   surface_.show();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !watcher.take().isNull(); }));
-  const auto paintedBy = [&](QColor colour) {
-    surface_.drawBox({20, 10}, {50, 40}, 1, colour, colour);
+  const auto painted = [&] {
     QTest::qWait(20);
     return watcher.take();
   };
-  EXPECT_EQ(paintedBy(red), QRect(20, 10, 31, 31));
-  EXPECT_EQ(paintedBy(red), QRect());
-  surface_.drawSegment({0, 20}, {99, 20}, 1, blue);
+  const auto erase = [this] { surface_.drawBox({0, 0}, {99, 60}, 1, white, white); };
+  surface_.drawBox({20, 10}, {50, 40}, 1, red, red);
+  const QRect box{20, 10, 31, 31};
+  const QRect first = painted();
+  EXPECT_TRUE(first.contains(box) && box.adjusted(-2, -2, 2, 2).contains(first));
+  erase();
+  const QRect second = painted();
+  EXPECT_TRUE(second.contains(box) && box.adjusted(-2, -2, 2, 2).contains(second));
+  erase();
+  EXPECT_EQ(painted(), QRect());
   surface_.clear(white);
-  QTest::qWait(20);
-  EXPECT_EQ(watcher.take(), surface_.rect());
+  EXPECT_EQ(painted(), surface_.rect());
 }
 
 TEST_F(Surface, erasesWhateverWasDrawnSinceItWasBlank) {
@@ -207,11 +158,131 @@ TEST_F(Surface, keepsWhatWasDrawnOnAText) {
   EXPECT_EQ(dot(32, 60), blue.rgb());
 }
 
+TEST_F(Surface, keepsWhatASmallerOneCutsOff) {
+  surface_.drawBox({90, 90}, {99, 99}, 1, red, red);
+  surface_.resize(50, 50);
+  EXPECT_EQ(drawn(), QRect());
+  surface_.resize(200, 100);
+  EXPECT_EQ(drawn(), QRect(90, 90, 10, 10));
+}
+
 TEST_F(Surface, cutsOffWhatLiesOutside) {
   surface_.drawBox({-50, -50}, {10, 10}, 4, red, blue);
   surface_.drawSegment({50, 50}, {500, 50}, 1, red);
   EXPECT_EQ(dot(0, 0), blue.rgb());
   EXPECT_EQ(dot(99, 50), red.rgb());
+}
+
+// ---- At every scale ----------------------------------------------------------------------------------
+
+class SharpSurface : public Surface, public testing::WithParamInterface<qreal> {
+protected:
+  /// The surface on a screen with that many dots to a pixel.
+  QImage onScreen(qreal ratio) {
+    QImage image{(QSizeF{surface_.size()} * ratio).toSize(), QImage::Format_RGB32};
+    image.setDevicePixelRatio(ratio);
+    surface_.render(&image);
+    image.setDevicePixelRatio(1);
+    return image;
+  }
+
+  void expectWholeDots(const QImage& image, qreal ratio) {
+    const auto inDots = [&](qreal pixels) { return static_cast<int>(std::floor(pixels * ratio)); };
+    const int outside = inDots(20) - 5;
+    EXPECT_EQ(image.pixel(outside, inDots(30)), white.rgb());
+    int strokes = 0;
+    for (int x = outside; x < inDots(30); ++x) {
+      const QRgb dot = image.pixel(x, inDots(30));
+      EXPECT_TRUE(dot == white.rgb() || dot == red.rgb() || dot == blue.rgb()) << x;
+      strokes += dot == red.rgb();
+    }
+    EXPECT_EQ(strokes, qRound(3 * ratio));
+  }
+
+  QImage freshText(const TextFace& face, qreal ratio) {
+    QImage image{(QSizeF{surface_.size()} * ratio).toSize(), QImage::Format_RGB32};
+    image.fill(white);
+    QPainter painter{&image};
+    painter.scale(ratio, ratio);
+    painter.setPen(red);
+    face.draw(painter, {30, 40}, QStringLiteral("8g"));
+    return image;
+  }
+};
+
+TEST_P(SharpSurface, drawsBoxesOnWholeDots) {
+  surface_.drawBox({20.3, 20.6}, {70, 60.2}, 3, red, blue);
+  for (const qreal ratio : {GetParam(), 1.0, GetParam()})
+    expectWholeDots(onScreen(ratio), ratio);
+}
+
+TEST_P(SharpSurface, drawsBoxesOnWholeDotsWhenScaled) {
+  surface_.drawBox({20.3, 20.6}, {70, 60.2}, 3, red, blue);
+  for (const qreal scale : {0.8, 1.25}) {
+    surface_.setScale(scale);
+    expectWholeDots(onScreen(GetParam()), GetParam() * scale);
+  }
+}
+
+TEST_P(SharpSurface, drawsTextAnew) {
+  FontCache fonts;
+  const auto& face = fonts.face({"Times", 28, Weight::bold});
+  surface_.drawText({30, 40}, QStringLiteral("8g"), face, red);
+  EXPECT_EQ(onScreen(1), freshText(face, 1));
+  EXPECT_EQ(onScreen(GetParam()), freshText(face, GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Ratios, SharpSurface, testing::Values(1.0, 1.5, 2.0));
+
+// ---- What is forgotten -------------------------------------------------------------------------------
+
+TEST_F(Surface, staysShortHoweverLongItIsWrittenOn) {
+  FontCache fonts;
+  const auto& face = fonts.face({"Times", 10, Weight::bold});
+  surface_.drawText({5, 20}, QStringLiteral("8+7="), face, blue);
+  std::size_t most = 0;
+  for (int key = 0; key < 100'000; ++key) {
+    surface_.drawBox({32, 20}, {99, 40}, 1, white, white);
+    surface_.drawText({35, 20}, QString::number(key % 9973), face, blue);
+    surface_.drawText({70, 20}, QStringLiteral(" ?"), face, blue);
+    most = std::max(most, surface_.picture().size());
+  }
+  EXPECT_LE(most, 4U);
+}
+
+TEST_F(Surface, remembersNothingOfWhatWasErased) {
+  FontCache fonts;
+  const auto& face = fonts.face({"Times", 10, Weight::bold});
+  surface_.drawBox({10, 10}, {60, 60}, 1, red, blue);
+  surface_.drawText({20, 20}, QStringLiteral("?"), face, white);
+  surface_.drawText({20, 20}, QStringLiteral("?"), face, blue);
+  surface_.drawText({20, 20}, QStringLiteral("  "), face, red);
+  EXPECT_EQ(surface_.picture().size(), 1U);
+  surface_.drawBox({0, 0}, {99, 99}, 1, white, white);
+  EXPECT_EQ(surface_.picture().size(), 0U);
+}
+
+/// Boxes and lines without order, many of one colour: what can be seen must be all that was drawn.
+TEST_F(Surface, forgetsAndRepaintsNoDotTooFew) {
+  surface_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&surface_));
+  QImage everything{surface_.size(), QImage::Format_RGB32};
+  everything.fill(white);
+  std::mt19937 random{1};
+  const auto upTo = [&](unsigned most) { return static_cast<int>(random() % (most + 1)); };
+  const std::array colours{white, red, blue};
+  for (int drawing = 0; drawing < 1000; ++drawing) {
+    const QPoint from{upTo(99), upTo(99)};
+    const QPoint to = upTo(2) == 0 ? QPoint{upTo(99), from.y()} : QPoint{upTo(99), upTo(99)};
+    const QColor colour = colours.at(static_cast<std::size_t>(upTo(2)));
+    surface_.drawBox(from, to, 1, colour, colour);
+    const QRect box{QPoint{std::min(from.x(), to.x()), std::min(from.y(), to.y())},
+                    QPoint{std::max(from.x(), to.x()), std::max(from.y(), to.y())}};
+    QPainter{&everything}.fillRect(box, colour);
+    QCoreApplication::processEvents();
+    const QImage seen = surface_.screen()->grabWindow(surface_.winId()).toImage();
+    ASSERT_EQ(seen.convertToFormat(QImage::Format_RGB32), everything) << drawing;
+  }
 }
 
 } // namespace

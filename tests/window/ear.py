@@ -72,7 +72,7 @@ class Ear:
 
     def texts(self, screen: str) -> list[str]:
         """What is written on the surface of a screen, from the top."""
-        surface = next(child for child in self.screen(screen) if child.getRole() == pyatspi.ROLE_CANVAS)
+        surface = next(part for part in descendants(self.screen(screen)) if part.getRole() == pyatspi.ROLE_CANVAS)
         parts = [surface.getChildAtIndex(index) for index in range(surface.childCount)]
         written = [part.name for part in parts if part is not None and part.getRole() == pyatspi.ROLE_LABEL]
         return [text for text in written if text not in ("", "Chiffrolo")]
