@@ -9,7 +9,8 @@ build=$root/build
 # Debian packages, to be installed without what they merely recommend.
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
-packages_to_test=(libgtest-dev librsvg2-bin openbox dbus at-spi2-core python3-pyatspi)
+packages_to_test=(libgtest-dev librsvg2-bin python3-xlib x11-xkb-utils openbox xfwm4 metacity weston qt6-wayland
+    dbus at-spi2-core python3-pyatspi)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev)
 
 say() {

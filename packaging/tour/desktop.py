@@ -6,6 +6,7 @@ Whatever is started here is ended here, each process by its own id.
 
 import os
 import select
+import signal
 import subprocess
 import tempfile
 import time
@@ -19,6 +20,17 @@ PATIENCE = 20.0  # seconds; far more than anything takes, even on a busy machine
 
 class NotSeen(AssertionError):
     """What was waited for did not happen in time."""
+
+
+def start_quietly(command: list[str], environment: dict[str, str]) -> subprocess.Popen:
+    """Nobody hears what it says."""
+    return subprocess.Popen(
+        command,
+        env=environment,
+        stdin=subprocess.DEVNULL,
+        stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL,
+    )
 
 
 def end_process(process: subprocess.Popen) -> None:
@@ -70,6 +82,10 @@ class Display:
     def picture(self) -> Picture:
         return Picture.from_ppm(self.run("import", "-silent", "-window", "root", "-depth", "8", "ppm:-"))
 
+    def set_layout(self, name: str, variant: str = "") -> None:
+        """Of the keyboard."""
+        self.run("setxkbmap", "-layout", name, "-variant", variant)
+
     def break_down(self) -> None:
         """Goes away as in a crash."""
         self._server.kill()
@@ -112,6 +128,9 @@ class Program:
     def is_running(self) -> bool:
         return self._process.poll() is None
 
+    def send(self, sign: signal.Signals) -> None:
+        self._process.send_signal(sign)
+
     def exit_status(self, seconds: float = PATIENCE) -> int:
         """Waits for the end. A signal counts as a negative status."""
         try:
@@ -129,17 +148,42 @@ class Program:
         self._errors.close()
 
 
-class Desktop:
-    """A display with the program on it, and with a window manager if asked for."""
+class Surroundings:
+    """What a display has beside the program: nothing, not even a window manager."""
 
-    def __init__(self, path: Path, with_window_manager: bool = False, folder: Path | None = None):
+    def __init__(self, display: Display):
+        self.display = display
+
+    def environment(self) -> dict[str, str]:
+        """For the program."""
+        return self.display.environment()
+
+    def program_has_keys(self) -> bool:
+        """Otherwise keys might go elsewhere."""
+        focused = self.display.run("xdotool", "getwindowfocus", "getwindowname")
+        return focused.strip() == b"Chiffrolo"
+
+    def close(self) -> None:
+        """Ends them; the display is still there."""
+
+
+class Desktop:
+    """A display with the program on it, and with what else is asked for."""
+
+    def __init__(
+        self,
+        path: Path,
+        surroundings: Callable[[Display], Surroundings] = Surroundings,
+        folder: Path | None = None,
+        settings: dict[str, str] | None = None,
+    ):
+        """`settings` are variables of the program's environment."""
         self.display = Display()
-        self._manager: subprocess.Popen | None = None
+        self._surroundings: Surroundings | None = None
         self._program: Program | None = None
         try:
-            if with_window_manager:
-                self._start_window_manager()
-            self._program = Program(path, self.display.environment(), folder)
+            self._surroundings = surroundings(self.display)
+            self._program = Program(path, self._surroundings.environment() | (settings or {}), folder)
         except BaseException:
             self.close()
             raise
@@ -155,22 +199,18 @@ class Desktop:
         assert self._program is not None
         return self._program
 
-    def _start_window_manager(self) -> None:
-        """It announces itself to other programs before it takes care of their windows: too early to go on."""
-        with tempfile.TemporaryDirectory() as scratch:
-            ready = Path(scratch) / "ready"
-            self._manager = subprocess.Popen(
-                ["openbox", "--sm-disable", "--startup", f"touch {ready}"],
-                env=self.display.environment(),
-                stdin=subprocess.DEVNULL,
-                stdout=subprocess.DEVNULL,
-                stderr=subprocess.DEVNULL,
-            )
-            _wait_until("the window manager is ready", ready.exists)
+    @property
+    def surroundings(self) -> Surroundings:
+        assert self._surroundings is not None
+        return self._surroundings
 
     def press(self, *keys: str) -> None:
-        """One after the other, each let go before the next; by their X names."""
+        """One after the other, each let go before the next; by their X names, or by their codes."""
         self.display.run("xdotool", "key", *keys)
+
+    def press_with(self, modifier: str, *keys: str) -> None:
+        """While the modifier is held down."""
+        self.display.run("xdotool", "keydown", modifier, "key", *keys, "keyup", modifier)
 
     def click(self, x: int, y: int) -> None:
         self.display.run("xdotool", "mousemove", str(x), str(y), "click", "1")
@@ -189,15 +229,14 @@ class Desktop:
             return before == previous and condition(previous)
 
         try:
-            _wait_until(what, settled)
+            wait_until(what, settled)
         except NotSeen as reason:
             raise NotSeen(f"{reason}; {_keep(previous)}") from None
         return previous
 
     def wait_for_focus(self) -> None:
         """Until then, keys might go nowhere."""
-        focused = ("xdotool", "getwindowfocus", "getwindowname")
-        _wait_until("the program has the keys", lambda: self.display.run(*focused).strip() == b"Chiffrolo")
+        wait_until("the program has the keys", self.surroundings.program_has_keys)
 
     def _expect_program_to_run(self, what: str) -> None:
         if not self.program.is_running():
@@ -207,12 +246,12 @@ class Desktop:
     def close(self) -> None:
         if self._program is not None:
             self._program.close()
-        if self._manager is not None:
-            end_process(self._manager)
+        if self._surroundings is not None:
+            self._surroundings.close()
         self.display.close()
 
 
-def _wait_until(what: str, condition: Callable[[], bool]) -> None:
+def wait_until(what: str, condition: Callable[[], bool]) -> None:
     end = time.monotonic() + PATIENCE
     while not condition():
         if time.monotonic() > end:

@@ -8,6 +8,7 @@ from case import WindowCase, tens, units
 from learner import Operation, line_at, read_line
 from picture import Area
 from screens import BLUE, CYAN, GREY, LIGHT_CYAN, LIGHT_RED, RED, STOP, Sheet, points
+from surroundings import Openbox
 
 FIRST_LINE = line_at(80)
 SECOND_LINE = line_at(140)
@@ -18,7 +19,7 @@ WRONG = 1  # never the right answer: the least one is 11
 
 
 class Addition(WindowCase):
-    with_window_manager = True
+    surroundings = Openbox
 
     def test_guided_correction(self) -> None:
         self.learner.start()

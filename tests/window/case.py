@@ -9,7 +9,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "packaging" / "tour"))  # the learner who plays the tour also plays the tests
 
-from desktop import Desktop
+from desktop import Desktop, Surroundings
 from learner import Learner
 from picture import Area
 
@@ -31,10 +31,10 @@ def units(number: int) -> int:
 class WindowCase(unittest.TestCase):
     """A desktop of its own for each test."""
 
-    with_window_manager = False
+    surroundings = Surroundings
 
     def setUp(self) -> None:
-        self.desktop = Desktop(program(), self.with_window_manager)
+        self.desktop = Desktop(program(), self.surroundings)
         self.addCleanup(self.desktop.close)
         self.learner = Learner(self.desktop)
 
