@@ -163,6 +163,10 @@ class Surroundings:
         focused = self.display.run("xdotool", "getwindowfocus", "getwindowname")
         return focused.strip() == b"Chiffrolo"
 
+    def break_down(self) -> None:
+        """What shows the program goes away as in a crash."""
+        self.display.break_down()
+
     def close(self) -> None:
         """Ends them; the display is still there."""
 

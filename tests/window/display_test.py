@@ -10,8 +10,9 @@ from collections.abc import Callable
 from pathlib import Path
 
 from case import program
-from desktop import Desktop, Program, environment_without_display
+from desktop import Desktop, Program, Surroundings, environment_without_display
 from learner import Learner
+from surroundings import Weston
 
 AT_ONCE = 2.0  # seconds
 
@@ -35,13 +36,16 @@ class DisplayFaults(unittest.TestCase):
         self.lose_display(lambda learner: None)
 
     def test_display_goes_away_in_mid_game(self) -> None:
-        def play(learner: Learner) -> None:
-            learner.open("addition")
-            _, operation = learner.see_operation("addition")
-            learner.submit(operation.result)
-            learner.see_bravo("addition")
+        self.lose_display(self.play)
 
-        self.lose_display(play)
+    def test_compositor_goes_away_in_mid_game(self) -> None:
+        self.lose_display(self.play, Weston)
+
+    def play(self, learner: Learner) -> None:
+        learner.open("addition")
+        _, operation = learner.see_operation("addition")
+        learner.submit(operation.result)
+        learner.see_bravo("addition")
 
     def start_without(self, environment: dict[str, str]) -> None:
         started = time.monotonic()
@@ -49,15 +53,15 @@ class DisplayFaults(unittest.TestCase):
         self.addCleanup(process.close)
         self.assert_gave_up(process, started)
 
-    def lose_display(self, play: Callable[[Learner], None]) -> None:
-        desktop = Desktop(program(), folder=self.folder)
+    def lose_display(self, play: Callable[[Learner], None], surroundings: type[Surroundings] = Surroundings) -> None:
+        desktop = Desktop(program(), surroundings, self.folder)
         self.addCleanup(desktop.close)
         learner = Learner(desktop)
         learner.start()
         play(learner)
         self.assertEqual(desktop.program.errors(), "")
         lost = time.monotonic()
-        desktop.display.break_down()
+        desktop.surroundings.break_down()
         self.assert_gave_up(desktop.program, lost)
 
     def assert_gave_up(self, process: Program, since: float) -> None:

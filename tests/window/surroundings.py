@@ -156,7 +156,6 @@ locking=false
         return True
 
     def break_down(self) -> None:
-        """Goes away as in a crash."""
         self._compositor.kill()
         self._compositor.wait()
 
