@@ -32,9 +32,10 @@ class WindowCase(unittest.TestCase):
     """A desktop of its own for each test."""
 
     surroundings = Surroundings
+    settings: dict[str, str] = {}  # of the program's environment
 
     def setUp(self) -> None:
-        self.desktop = Desktop(program(), self.surroundings)
+        self.desktop = Desktop(program(), self.surroundings, settings=self.settings)
         self.addCleanup(self.desktop.close)
         self.learner = Learner(self.desktop)
 
