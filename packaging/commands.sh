@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2034 # the lists are read by the commands
 # SPDX-License-Identifier: MIT
 #
-# What the commands `run`, `test` and `bench/window` have in common; they source it.
+# What the commands `run`, `test`, `bench/window` and `packaging/package` have in common; they source it.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." >/dev/null && pwd)
 build=$root/build
@@ -9,8 +9,9 @@ build=$root/build
 # Debian packages, to be installed without what they merely recommend.
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
+packages_to_package=(appstream appstream-util desktop-file-utils dpkg-dev lintian reuse)
 packages_to_test=(libgtest-dev librsvg2-bin python3-xlib x11-xkb-utils openbox xfwm4 metacity weston qt6-wayland
-    dbus at-spi2-core python3-pyatspi)
+    dbus at-spi2-core python3-pyatspi "${packages_to_package[@]}" fakeroot libglib2.0-bin x11-utils)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev)
 
 say() {

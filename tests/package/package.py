@@ -1,0 +1,31 @@
+# SPDX-License-Identifier: MIT
+"""The Debian package under test."""
+
+import os
+import subprocess
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+ID = "org.chiffrolo.Chiffrolo"  # what a desktop knows the program by
+
+ENTRY = f"usr/share/applications/{ID}.desktop"
+METAINFO = f"usr/share/metainfo/{ID}.metainfo.xml"
+
+
+def package() -> Path:
+    """The one made last in the folder named by the environment, or else in the build folder."""
+    folder = Path(os.environ.get("CHIFFROLO_PACKAGES", ROOT / "build")).absolute()
+    return max(folder.glob("chiffrolo_*.deb"), key=lambda path: path.stat().st_mtime)
+
+
+def field(name: str) -> str:
+    """Of the package's description of itself."""
+    return output("dpkg-deb", "--field", package(), name).strip()
+
+
+def unpack(folder: Path) -> None:
+    subprocess.run(["dpkg-deb", "--extract", package(), folder], check=True)
+
+
+def output(*command: str | Path) -> str:
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
