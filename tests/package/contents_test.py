@@ -66,6 +66,14 @@ class Contents(unittest.TestCase):
         with tarfile.open(fileobj=io.BytesIO(archive)) as members:
             return [(member.name.removeprefix("./"), member) for member in members]
 
+    def test_licence(self) -> None:
+        copyright = (self.unpacked / DOCUMENTS / "copyright").read_text(encoding="utf-8")
+        licence = (ROOT / "LICENSE").read_text(encoding="utf-8")
+        holder = re.search(r"Copyright \(c\) (.*)", licence)[1]
+        self.assertIn(f"\nCopyright: {holder}\nLicense: MIT\n", copyright)
+        terms = licence[licence.index("Permission is") :].replace("\n\n", "\n.\n")
+        self.assertTrue(copyright.endswith("\nLicense: MIT\n" + re.sub("(?m)^(?=.)", " ", terms)))
+
     def test_size(self) -> None:
         self.assertLess(int(field("Installed-Size")), MOST_KIBIBYTES)
 
