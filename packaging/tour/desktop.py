@@ -51,9 +51,10 @@ class Display:
 
     def __init__(self) -> None:
         answer, number = os.pipe()
-        geometry = f"{self.width}x{self.height}x24"
+        size = f"{self.width}x{self.height}"
+        self._sizes = {size}
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(number), "-noreset", "-nolisten", "tcp", "-screen", "0", geometry],
+            ["Xvfb", "-displayfd", str(number), "-noreset", "-nolisten", "tcp", "-screen", "0", f"{size}x24"],
             pass_fds=[number],
             stdin=subprocess.DEVNULL,
             stdout=subprocess.DEVNULL,
@@ -85,6 +86,16 @@ class Display:
     def set_layout(self, name: str, variant: str = "") -> None:
         """Of the keyboard."""
         self.run("setxkbmap", "-layout", name, "-variant", variant)
+
+    def resize(self, width: int, height: int) -> None:
+        """To at most the size that it started with."""
+        size = f"{width}x{height}"
+        if size not in self._sizes:
+            no_timing = [str(width)] * 4 + [str(height)] * 4
+            self.run("xrandr", "--newmode", size, "1", *no_timing)
+            self.run("xrandr", "--addmode", "screen", size)
+            self._sizes.add(size)
+        self.run("xrandr", "--output", "screen", "--mode", size)
 
     def break_down(self) -> None:
         """Goes away as in a crash."""

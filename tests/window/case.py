@@ -32,10 +32,9 @@ class WindowCase(unittest.TestCase):
     """A desktop of its own for each test."""
 
     surroundings = Surroundings
-    settings: dict[str, str] = {}  # of the program's environment
 
     def setUp(self) -> None:
-        self.desktop = Desktop(program(), self.surroundings, settings=self.settings)
+        self.desktop = Desktop(program(), self.surroundings)
         self.addCleanup(self.desktop.close)
         self.learner = Learner(self.desktop)
 

@@ -9,8 +9,9 @@ import sys
 import time
 import unittest
 
-from case import WindowCase, program
-from learner import shows_faux
+from case import program
+from desktop import Desktop
+from learner import Learner
 
 PRELOADED = {"LD_PRELOAD": str(program().parent / "libslept_an_hour.so")}
 HOUR = 3600  # seconds
@@ -36,37 +37,48 @@ class Clocks(unittest.TestCase):
             self.assertAlmostEqual(seconds, expected, delta=10)
 
 
-class Sleep(WindowCase):
-    settings = PRELOADED
+class OpenOperation:
+    """Of an exercise in a window of its own, since it was asked for."""
 
-    def sleep(self) -> None:
-        """And look on for a while after waking."""
-        self.desktop.program.send(signal.SIGUSR1)
+    def __init__(self, desktop: Desktop, screen: str):
+        self.desktop = desktop
+        self.learner = Learner(desktop)
+        self.screen = screen
+        self.learner.start()
+        self.asked = time.monotonic()
+        self.learner.open(screen)
+        _, self.operation = self.learner.see_operation(screen)
+        self.seen = time.monotonic()
+
+    def wait(self, seconds: float) -> None:
+        """Until it has been open for so long."""
+        time.sleep(max(0.0, self.asked + seconds - time.monotonic()))
+
+
+class Sleep(unittest.TestCase):
+    def open(self, screen: str) -> OpenOperation:
+        desktop = Desktop(program(), settings=PRELOADED)
+        self.addCleanup(desktop.close)
+        return OpenOperation(desktop, screen)
+
+    def test_in_mid_operation(self) -> None:
+        addition, challenge = self.open("addition"), self.open("record")
+        _, seconds = challenge.learner.see_stopwatch()
+        before = time.monotonic()
+        for opened in (addition, challenge):
+            opened.desktop.program.send(signal.SIGUSR1)
         time.sleep(AWAKE)
+        _, later = challenge.learner.see_stopwatch()
+        self.assertAlmostEqual(later - seconds, time.monotonic() - before, delta=1.5)
+        self.assert_limit(addition, 30)
+        self.assert_limit(challenge, 32)
 
-    def test_addition(self) -> None:
-        self.learner.start()
-        self.learner.open("addition")
-        _, operation = self.learner.see_operation("addition")
-        self.sleep()
-        sheet, same = self.learner.see_operation("addition")
-        self.assertEqual(same, operation)
-        self.assertFalse(shows_faux(sheet), "the limit has not struck")
-        self.learner.submit(operation.result)
-        self.learner.see_bravo("addition")
-
-    def test_challenge(self) -> None:
-        self.learner.start()
-        self.learner.open("record")
-        _, operation = self.learner.see_operation("record")
-        _, before = self.learner.see_stopwatch()
-        started = time.monotonic()
-        self.sleep()
-        sheet, after = self.learner.see_stopwatch()
-        self.assertAlmostEqual(after - before, time.monotonic() - started, delta=1.5)
-        self.assertFalse(shows_faux(sheet), "the limit has not struck")
-        self.learner.submit(operation.result)
-        self.learner.see_bravo("record")
+    def assert_limit(self, opened: OpenOperation, seconds: int) -> None:
+        """It strikes neither before nor much later."""
+        opened.wait(seconds - 2)
+        self.assertEqual(opened.learner.see_operation(opened.screen)[1], opened.operation)
+        opened.learner.wait_for("the limit", lambda sheet: sheet.shows_arrow(opened.screen))
+        self.assertAlmostEqual(time.monotonic() - opened.seen, seconds, delta=2)
 
 
 if __name__ == "__main__":

@@ -15,18 +15,21 @@ WAYLAND_PANEL_COLOUR = (0x40, 0x40, 0x40)
 
 
 class Panel:
-    """A bar along the upper edge of the display, which windows are asked to leave free."""
+    """A button in the upper left corner. Windows are asked to leave the whole edge free, to its height.
+
+    No wider than that: some window managers push a bar aside that is wider than a display that has shrunk.
+    """
 
     def __init__(self, display: Display):
         self._display = display
         self._connection = Xlib.display.Display(display.name)
         screen = self._connection.screen()
         self._root = screen.root
-        self._bar = self._root.create_window(0, 0, display.width, PANEL_HEIGHT, 0, screen.root_depth)
+        self._button = self._root.create_window(0, 0, PANEL_HEIGHT, PANEL_HEIGHT, 0, screen.root_depth)
         self._set("_NET_WM_WINDOW_TYPE", Xatom.ATOM, [self._atom("_NET_WM_WINDOW_TYPE_DOCK")])
         top_edge = [0, 0, PANEL_HEIGHT, 0] + [0] * 4 + [0, display.width - 1] + [0] * 2
         self._set("_NET_WM_STRUT_PARTIAL", Xatom.CARDINAL, top_edge)
-        self._bar.map()
+        self._button.map()
         self._connection.flush()
 
     def is_respected(self) -> bool:
@@ -42,7 +45,7 @@ class Panel:
         return self._connection.intern_atom(name)
 
     def _set(self, name: str, kind: int, values: list[int]) -> None:
-        self._bar.change_property(self._atom(name), kind, 32, values)
+        self._button.change_property(self._atom(name), kind, 32, values)
 
 
 class Scratch:

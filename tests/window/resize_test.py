@@ -1,0 +1,58 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""The display gets another size in mid-operation: what is drawn stays, and so does what is drawn next."""
+
+import unittest
+
+from case import WindowCase
+from desktop import Display, Surroundings
+from learner import EXERCISES, Operation, read_line
+from screens import BLUE, Sheet
+from surroundings import Openbox
+
+LINE = EXERCISES["addition"].line
+
+
+class ResizedDisplay:
+    def test_in_mid_operation(self) -> None:
+        self.learner.start()
+        self.learner.open("addition")
+        _, operation = self.learner.see_operation("addition")
+        first, rest = str(operation.result)[0], str(operation.result)[1:]
+        self.desktop.press(first)
+        before = self.see_answer(operation, first)
+
+        for width, height in ((1024, 768), (768, 1024), (Display.width, Display.height)):
+            self.desktop.display.resize(width, height)
+            after = self.see_answer(operation, first, width, height)
+        self.assertEqual(after.picture, before.picture)
+
+        self.desktop.display.resize(1024, 768)
+        self.see_answer(operation, first, 1024, 768)
+        self.desktop.press(*rest)
+        self.see_answer(operation, first + rest, 1024, 768)
+        self.desktop.press("Return")
+        self.learner.see_bravo("addition")
+
+    def see_answer(
+        self, operation: Operation, answer: str, width: int = Display.width, height: int = Display.height
+    ) -> Sheet:
+        expected = f"{operation.left}{operation.sign}{operation.right}={answer}?"
+
+        def is_there(sheet: Sheet) -> bool:
+            size = (sheet.picture.width, sheet.picture.height)
+            return size == (width, height) and read_line(sheet, LINE, BLUE) == expected
+
+        return self.learner.wait_for(f"{expected} on {width} x {height} pixels", is_there)
+
+
+class WithoutWindowManager(ResizedDisplay, WindowCase):
+    surroundings = Surroundings
+
+
+class WithOpenbox(ResizedDisplay, WindowCase):
+    surroundings = Openbox
+
+
+if __name__ == "__main__":
+    unittest.main()
