@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdlib>
+#include <mutex>
 #include <string_view>
 
 #include <fcntl.h>
@@ -28,7 +29,10 @@ void print(int descriptor, std::string_view line) {
   [[maybe_unused]] const auto written = write(descriptor, line.data(), line.size());
 }
 
+/// Linux: on Wayland several threads may notice it at once. The first one tells, and lets no other go on.
 [[noreturn]] void giveUp(std::string_view line) {
+  static std::mutex turn;
+  turn.lock();
   print(terminal(), line);
   std::_Exit(EXIT_FAILURE);
 }
