@@ -70,7 +70,10 @@ void HostWindow::remove(Page& page) {
 void HostWindow::open() {
   showMaximized();
   windowHandle()->installEventFilter(this);
-  connect(windowHandle(), &QWindow::screenChanged, this, [this] { followScreen(); });
+  connect(windowHandle(), &QWindow::screenChanged, this, [this] {
+    followScreen();
+    fillScreenSoon();
+  });
   followScreen();
   raise();
   activateWindow();
@@ -89,7 +92,7 @@ void HostWindow::closeEvent(QCloseEvent* event) {
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
   case QEvent::KeyPress: return pressKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::usedUp;
-  case QEvent::KeyRelease: releaseKey(static_cast<const QKeyEvent&>(*event)); break;
+  case QEvent::KeyRelease: return releaseKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::usedUp;
   case QEvent::Expose: showIcon(); break;
   default: break;
   }
@@ -113,8 +116,9 @@ HostWindow::KeyFate HostWindow::pressKey(const QKeyEvent& press) {
   return hasButtons ? leftToFocus : usedUp;
 }
 
-void HostWindow::releaseKey(const QKeyEvent& release) {
+HostWindow::KeyFate HostWindow::releaseKey(const QKeyEvent& release) {
   repeats_.release(scanCode(release), release.timestamp(), origin(release));
+  return zoomStep(release) ? KeyFate::usedUp : KeyFate::leftToFocus;
 }
 
 void HostWindow::takeZoomStep(ZoomStep step) {
@@ -132,8 +136,8 @@ void HostWindow::followScreen() {
 /// window follows the screen by itself.
 void HostWindow::fillScreenSoon() {
   constexpr std::chrono::milliseconds patience{500};
-  QTimer::singleShot(patience, this, [this, before = size()] {
-    if (size() == before && !isSizedByCompositor()) setGeometry(screen()->availableGeometry());
+  QTimer::singleShot(patience, this, [this, before = geometry()] {
+    if (geometry() == before && !isSizedByCompositor()) setGeometry(screen()->availableGeometry());
   });
 }
 

@@ -32,7 +32,7 @@ private:
 
   enum class KeyFate : std::uint8_t { usedUp, leftToFocus };
   KeyFate pressKey(const QKeyEvent& press);
-  void releaseKey(const QKeyEvent& release);
+  KeyFate releaseKey(const QKeyEvent& release);
   void takeZoomStep(ZoomStep step);
   void open();
   void followScreen();
