@@ -89,7 +89,7 @@ std::optional<QColor> DisplayList::Entry::colourOf(const QRectF& area) const {
 DisplayList::Change DisplayList::add(const Drawing& drawing) {
   const Entry added{drawing, drawing.ink(), drawing.flatColour()};
   if (added.ink.isEmpty()) return {};
-  Change change{areasChangedBy(added), {}};
+  Change change{areaChangedBy(added), {}};
   std::erase_if(entries_, [&](const Entry& earlier) { return earlier.isReplacedBy(added); });
   const bool isOfOneColour = added.flat || std::holds_alternative<PrintedText>(drawing.shape);
   if (isOfOneColour && groundOf(added.ink) == drawing.colour) return change;
@@ -110,12 +110,12 @@ void DisplayList::paint(QPainter& painter, qreal ratio,
 }
 
 /// A flat box changes only what is of another colour: most of a band that is erased is blank already.
-std::vector<QRectF> DisplayList::areasChangedBy(const Entry& added) const {
-  if (!added.flat || added.flat != background_) return {added.ink};
-  std::vector<QRectF> areas;
+QRectF DisplayList::areaChangedBy(const Entry& added) const {
+  if (!added.flat || added.flat != background_) return added.ink;
+  QRectF area;
   for (const auto& entry : entries_)
-    if (entry.flat != added.flat && entry.ink.intersects(added.ink)) areas.push_back(entry.ink & added.ink);
-  return areas;
+    if (entry.flat != added.flat) area |= entry.ink & added.ink;
+  return area;
 }
 
 /// Nothing, where it is of several colours.

@@ -53,8 +53,8 @@ public:
   explicit DisplayList(QColor background) : background_(background) {}
 
   struct Change {
-    std::vector<QRectF> areas; ///< all that may look different from before
-    QRectF drawn;              ///< what was drawn to be seen; empty for an erasure
+    QRectF area;  ///< all that may look different from before
+    QRectF drawn; ///< what was drawn to be seen; empty for an erasure
   };
 
   /// The same shape at the same place replaces the earlier one: merely drawn on top, it would let the
@@ -80,7 +80,7 @@ private:
     std::optional<QColor> colourOf(const QRectF& area) const;
   };
 
-  std::vector<QRectF> areasChangedBy(const Entry& added) const;
+  QRectF areaChangedBy(const Entry& added) const;
   std::optional<QColor> groundOf(const QRectF& area) const;
 
   QColor background_;

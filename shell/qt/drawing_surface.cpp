@@ -64,8 +64,7 @@ void DrawingSurface::setScale(qreal scale) {
 
 void DrawingSurface::add(const Drawing& drawing) {
   const auto change = picture_.add(drawing);
-  for (const auto& area : change.areas)
-    update(painted(area));
+  if (!change.area.isEmpty()) update(painted(change.area));
   if (change.drawn.isEmpty()) return;
   drawn_ |= change.drawn;
   onDrawn_();

@@ -262,6 +262,29 @@ TEST_F(Surface, remembersNothingOfWhatWasErased) {
   EXPECT_EQ(surface_.picture().size(), 0U);
 }
 
+TEST_F(Surface, repaintsAllOfATextThatGoes) {
+  FontCache fonts;
+  surface_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&surface_));
+  const auto shows = [this](QColor colour) {
+    QCoreApplication::processEvents();
+    const QImage seen = surface_.screen()->grabWindow(surface_.winId()).toImage();
+    QImage blank = seen;
+    blank.fill(colour);
+    return seen == blank;
+  };
+  for (const qreal scale : {1.0, 0.7, 1.6})
+    for (Points size = 8; size < 32; size += 1.5F) {
+      surface_.setScale(scale);
+      const auto& face = fonts.face({"Times", size, Weight::bold});
+      const QPointF place{size / 3.0, size / 7.0};
+      surface_.drawText(place, QStringLiteral("7?g"), face, red);
+      EXPECT_FALSE(shows(white));
+      surface_.drawText(place, QStringLiteral("7?g"), face, white);
+      EXPECT_TRUE(shows(white)) << size << " points at " << scale;
+    }
+}
+
 /// Boxes and lines without order, many of one colour: what can be seen must be all that was drawn.
 TEST_F(Surface, forgetsAndRepaintsNoDotTooFew) {
   surface_.show();

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -604,6 +605,12 @@ TEST_P(ThemedFrontEnd, canBeRead) {
   EXPECT_EQ(words.pixel(199, 37), labelBackground);
   EXPECT_GT(contrast(words), 3.5) << "red on light yellow";
   EXPECT_EQ(host.grab().toImage().pixel(600, 500), qRgb(255, 255, 255));
+  QToolTip::showText({300, 300}, QStringLiteral("Fermer"), &host);
+  for (auto* const widget : QApplication::topLevelWidgets()) {
+    if (widget == &host) continue;
+    EXPECT_GT(contrast(widget->grab().toImage()), readable) << "tooltip";
+  }
+  QToolTip::hideText();
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, ThemedFrontEnd, testing::Values(false, true),
