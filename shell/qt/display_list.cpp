@@ -111,7 +111,7 @@ void DisplayList::paint(QPainter& painter, qreal ratio,
 
 /// A flat box changes only what is of another colour: most of a band that is erased is blank already.
 QRectF DisplayList::areaChangedBy(const Entry& added) const {
-  if (!added.flat || added.flat != background_) return added.ink;
+  if (added.flat != background_) return added.ink;
   QRectF area;
   for (const auto& entry : entries_)
     if (entry.flat != added.flat) area |= entry.ink & added.ink;
