@@ -9,7 +9,8 @@ import unittest
 from case import WindowCase, program
 from desktop import Desktop, Surroundings, wait_until
 from learner import Learner
-from picture import Area, Picture
+from picture import Area
+from screens import WHITE, Sheet
 from surroundings import PANEL_HEIGHT, WAYLAND_PANEL_HEIGHT, Metacity, Openbox, Weston, WestonWithoutScreen, Xfwm4
 
 class Environment:
@@ -18,8 +19,8 @@ class Environment:
     panel_height = PANEL_HEIGHT
 
     def test_round(self) -> None:
-        home = self.learner.start().picture
-        self.assert_fills_work_area(home)
+        self.learner.start()
+        self.expect_to_fill_work_area()
         self.desktop.press("space")  # the first button has the focus
         _, operation = self.learner.see_operation("addition")
         self.learner.submit(operation.result)
@@ -39,15 +40,18 @@ class Environment:
         self.learner.click_arrow("Aurevoir")
         self.assert_ended_well()
 
-    def assert_fills_work_area(self, home: Picture) -> None:
+    def expect_to_fill_work_area(self) -> None:
         """With the picture that it shows on a whole display, as far as there is room for it."""
-        height = home.height - self.panel_height
-        seen = home.crop(Area(0, self.panel_height, home.width, home.height))
         with Desktop(program()) as alone:
-            expected = Learner(alone).start().picture.crop(Area(0, 0, home.width, height))
-        self.assertEqual(seen, expected)
+            whole = Learner(alone).start().picture
+        expected = whole.crop(Area(0, 0, whole.width, whole.height - self.panel_height))
+
+        def fills_work_area(sheet: Sheet) -> bool:
+            return sheet.picture.crop(Area(0, self.panel_height, whole.width, whole.height)) == expected
+
+        home = self.learner.wait_for("the whole home screen", fills_work_area).picture
         for y in range(self.panel_height):
-            self.assertNotEqual(home.pixel(0, y), (255, 255, 255), "the panel stays free")
+            self.assertNotEqual(home.pixel(0, y), WHITE, "the panel stays free")
 
 
 class WithoutWindowManager(Environment, WindowCase):

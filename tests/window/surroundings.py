@@ -139,12 +139,17 @@ locking=false
 
     def is_ready(self) -> bool:
         """Once its panel is seen, it keeps its place free."""
-        return self.display.picture().pixel(self.display.width // 2, 0) == WAYLAND_PANEL_COLOUR
+        return self.display.picture().pixel(*self.empty_place_of_panel()) == WAYLAND_PANEL_COLOUR
 
     def agree_on_pointer(self) -> None:
         """The compositor adds up movements from a place of its own: beyond an edge, both stop at the same place."""
-        far, near = (str(self.display.width - 1), str(self.display.height - 1)), ("0", "0")
-        self.display.run("xdotool", "mousemove", *far, "mousemove", *near)
+        places = ((self.display.width - 1, self.display.height - 1), (0, 0), self.empty_place_of_panel())
+        for x, y in places:
+            self.display.run("xdotool", "mousemove", str(x), str(y))
+
+    def empty_place_of_panel(self) -> tuple[int, int]:
+        """Where the pointer, which belongs to the picture, is in nobody's way."""
+        return self.display.width // 2, 2
 
     def backend(self) -> list[str]:
         size = [f"--width={self.display.width}", f"--height={self.display.height}"]
