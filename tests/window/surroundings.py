@@ -3,6 +3,7 @@
 
 import subprocess
 import tempfile
+import time
 from pathlib import Path
 
 import Xlib.display
@@ -29,11 +30,15 @@ class Panel:
         self._set("_NET_WM_WINDOW_TYPE", Xatom.ATOM, [self._atom("_NET_WM_WINDOW_TYPE_DOCK")])
         top_edge = [0, 0, PANEL_HEIGHT, 0] + [0] * 4 + [0, display.width - 1] + [0] * 2
         self._set("_NET_WM_STRUT_PARTIAL", Xatom.CARDINAL, top_edge)
-        self._button.map()
-        self._connection.flush()
+        self._appeared = 0.0  # seconds; long ago
 
     def is_respected(self) -> bool:
-        """Whether a window manager leaves its place free."""
+        """Whether a window manager leaves its place free. A button that appears while the manager starts may be
+        overlooked for good, so it appears anew every second."""
+        if time.monotonic() > self._appeared + 1:
+            self._button.unmap()
+            self._button.map()
+            self._appeared = time.monotonic()
         work_area = self._root.get_full_property(self._atom("_NET_WORKAREA"), Xatom.CARDINAL)
         free = [0, PANEL_HEIGHT, self._display.width, self._display.height - PANEL_HEIGHT]
         return work_area is not None and list(work_area.value[:4]) == free
