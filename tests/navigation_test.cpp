@@ -2,6 +2,8 @@
 #include "tests/learner.h"
 #include "tests/rows.h"
 
+#include "shell/layouts.h"
+
 namespace chiffrolo::test {
 
 namespace {
@@ -98,6 +100,16 @@ TEST(Programs, liveSideBySide) {
   other.play("key 4\nkey 7\nkey Enter");
   EXPECT_EQ(other.shared().operation, "82-35");
   EXPECT_EQ(one.shared().operation, "47+35");
+}
+
+// ---- Layouts -----------------------------------------------------------------------------------------
+
+TEST(Layouts, lieWithinTheLeastInnerArea) {
+  for (std::size_t screen = 0; screen < screenCount; ++screen)
+    for (const auto& row : layoutOf(static_cast<ScreenName>(screen)).controls) {
+      EXPECT_LE(row.place.left + row.place.width, leastInnerArea.width) << row.name;
+      EXPECT_LE(row.place.top + row.place.height, leastInnerArea.height) << row.name;
+    }
 }
 
 } // namespace

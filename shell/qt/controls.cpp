@@ -117,8 +117,12 @@ public:
   LabelControl(const ControlLayout& row, DrawingSurface& surface)
       : QLabel(&surface), row_(row), surface_(surface) {
     setTextFormat(Qt::PlainText);
-    setFont(captionFont(row.font));
-    setText(toQt(row.caption));
+    setCaption(toQt(row.caption));
+  }
+
+  void setCaption(const QString& caption) {
+    setFont(fittingFont(row_.font, caption, inside().size()));
+    setText(caption);
   }
 
 private:
@@ -128,11 +132,14 @@ private:
     painter.scale(surface_.scale(), surface_.scale());
     painter.setFont(font());
     painter.setPen(toQt(row_.foreground));
-    const int border = row_.border == Border::thin ? 1 : 0;
-    const QRect place{{}, toPixels(row_.place).size()};
     const int across = row_.alignment == Alignment::centred ? Qt::AlignHCenter : Qt::AlignLeft;
-    painter.drawText(place.adjusted(border, border, -border, -border),
-                     across | Qt::AlignTop | Qt::TextWordWrap, text());
+    painter.drawText(inside(), across | Qt::AlignTop | Qt::TextWordWrap, text());
+  }
+
+  /// In pixels of the layout.
+  QRect inside() const {
+    const int border = row_.border == Border::thin ? 1 : 0;
+    return QRect{{}, toPixels(row_.place).size()}.adjusted(border, border, -border, -border);
   }
 
   void paintGround(QPainter& painter) const {
@@ -153,7 +160,7 @@ public:
   ButtonControl(const ControlLayout& row, DrawingSurface& surface)
       : QPushButton(&surface), row_(row), surface_(surface) {
     setText(toQt(row.caption).replace(u'&', QStringLiteral("&&"))); // not a shortcut
-    setFont(captionFont(row.font));
+    setFont(fittingFont(row.font, toQt(row.caption), place().size() - ring));
     setToolTip(toQt(row.tooltip));
     setAutoDefault(true); // Enter clicks it, not only the space bar
   }
@@ -166,18 +173,23 @@ private:
     style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
     painter.scale(surface_.scale(), surface_.scale());
     painter.setFont(font());
-    option.rect = {{}, toPixels(row_.place).size()};
+    option.rect = place();
     style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
-    if (hasFocus()) paintRing(painter, option.rect);
+    if (hasFocus()) paintRing(painter);
   }
 
-  void paintRing(QPainter& painter, QRectF place) const {
+  /// In pixels of the layout.
+  QRect place() const { return {{}, toPixels(row_.place).size()}; }
+
+  void paintRing(QPainter& painter) const {
     constexpr qreal thickness = 2;
     constexpr qreal inset = 2.5;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen({palette().color(QPalette::Highlight), thickness});
-    painter.drawRoundedRect(place.adjusted(inset, inset, -inset, -inset), inset, inset);
+    painter.drawRoundedRect(QRectF{place()}.adjusted(inset, inset, -inset, -inset), inset, inset);
   }
+
+  static constexpr QSize ring{8, 8}; // takes up that much, on both sides together
 
   const ControlLayout& row_;
   const DrawingSurface& surface_;
@@ -217,7 +229,7 @@ void placeControl(QWidget& control, const ControlLayout& row, qreal scale) {
 }
 
 void setLabelCaption(QWidget& control, std::string_view caption) {
-  if (auto* const label = qobject_cast<QLabel*>(&control)) label->setText(toQt(caption));
+  if (auto* const label = dynamic_cast<LabelControl*>(&control)) label->setCaption(toQt(caption));
 }
 
 } // namespace chiffrolo::qt

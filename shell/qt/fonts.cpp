@@ -18,17 +18,18 @@ struct Face {
   const char* asked; // in small letters
   const char* family;
   const char* standIn;
+  QFont::StyleHint kind; // for when neither is installed
   Slanting slanting{Slanting::asAsked};
 };
 
 /// The script faces have one style only and lean already: slanted once more, they would be hard to read.
 constexpr std::array faces{
-    Face{"times new roman", "Times New Roman", "Liberation Serif"},
-    Face{"times", "Times New Roman", "Liberation Serif"},
-    Face{"arial", "Arial", "Liberation Sans"},
-    Face{"ms sans serif", "MS Sans Serif", "Liberation Sans"},
-    Face{"tahoma", "Tahoma", "Liberation Sans"},
-    Face{"brush script mt", "Brush Script MT", "Kaushan Script", Slanting::never},
+    Face{"times new roman", "Times New Roman", "Liberation Serif", QFont::Serif},
+    Face{"times", "Times New Roman", "Liberation Serif", QFont::Serif},
+    Face{"arial", "Arial", "Liberation Sans", QFont::SansSerif},
+    Face{"ms sans serif", "MS Sans Serif", "Liberation Sans", QFont::SansSerif},
+    Face{"tahoma", "Tahoma", "Liberation Sans", QFont::SansSerif},
+    Face{"brush script mt", "Brush Script MT", "Kaushan Script", QFont::Cursive, Slanting::never},
 };
 
 const Face* knownFace(const QString& name) {
@@ -42,6 +43,7 @@ QFont makeFont(const Font& font, int multiple) {
   const QString asked = toQt(font.face);
   const Face* const known = knownFace(asked);
   QFont made{known == nullptr ? asked : QString::fromLatin1(known->family)};
+  if (known != nullptr) made.setStyleHint(known->kind);
   made.setPixelSize(std::max(1, qRound(toPixels(font.size) * multiple)));
   made.setBold(font.weight == Weight::bold);
   made.setItalic(font.slant == Slant::italic && (known == nullptr || known->slanting == Slanting::asAsked));
@@ -50,6 +52,11 @@ QFont makeFont(const Font& font, int multiple) {
   made.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias |
                                                           QFont::NoSubpixelAntialias | QFont::NoFontMerging));
   return made;
+}
+
+bool fits(const QFont& font, const QString& caption, QSize room) {
+  const QRect area = QFontMetrics{font}.boundingRect({{}, room}, Qt::TextWordWrap, caption);
+  return area.width() <= room.width() && area.height() <= room.height();
 }
 
 /// Digits of a column must keep their distance: some faces draw two ones closer together.
@@ -71,6 +78,14 @@ void findFaces() {
 }
 
 QFont captionFont(const Font& font) { return makeFont(font, 1); }
+
+QFont fittingFont(const Font& font, const QString& caption, QSize room) {
+  constexpr int leastSize = 6; // pixels; smaller ones cannot be read
+  QFont fitting = captionFont(font);
+  while (fitting.pixelSize() > leastSize && !fits(fitting, caption, room))
+    fitting.setPixelSize(fitting.pixelSize() - 1);
+  return fitting;
+}
 
 TextFace::TextFace(const Font& font) : font_(withoutKerning(makeFont(font, multiple_))), metrics_(font_) {}
 

@@ -22,6 +22,9 @@ void findFaces();
 
 /// The font of a caption, in whole pixels.
 QFont captionFont(const Font& font);
+/// The same, or as much smaller as it takes to show all of a caption, wrapped at words, within `room`
+/// (pixels): the face that stands in for a missing one may be wider.
+QFont fittingFont(const Font& font, const QString& caption, QSize room);
 
 /// A font to draw with. All lengths are in pixels, and those of the face itself: Qt rounds sizes to whole
 /// pixels and hinting rounds widths, so text is set in a multiple of its size, without hinting, and scaled

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "shell/layouts.h"
 #include "shell/qt/fonts.h"
 #include "shell/qt/units.h"
 
@@ -51,6 +52,29 @@ TEST(Text, hasTheLineHeightOfItsFace) {
 TEST(Text, inAScriptFaceIsNotSlantedTwice) {
   EXPECT_FALSE(QFontInfo{captionFont({"Brush Script MT", 36, Weight::regular, Slant::italic})}.italic());
   EXPECT_TRUE(QFontInfo{captionFont({"Times", 36, Weight::regular, Slant::italic})}.italic());
+}
+
+// ---- Captions ----------------------------------------------------------------------------------------
+
+TEST(Captions, haveTheirOwnSizeOnEveryScreen) {
+  for (std::size_t screen = 0; screen < screenCount; ++screen)
+    for (const auto& row : layoutOf(static_cast<ScreenName>(screen)).controls) {
+      if (row.caption.empty()) continue;
+      const QFont fitting = fittingFont(row.font, toQt(row.caption), toPixels(row.place).size());
+      EXPECT_EQ(fitting.pixelSize(), captionFont(row.font).pixelSize()) << row.caption;
+    }
+}
+
+TEST(Captions, areSetSmallerUntilTheyFit) {
+  const Font font{"Times", 36};
+  const QString caption = QStringLiteral("Au revoir");
+  const QSize oneLine{100, 48}; // 36 points are 48 pixels; the caption is 180 wide in its own size
+  const QFontMetrics fitting{fittingFont(font, caption, oneLine)};
+  EXPECT_LE(fitting.horizontalAdvance(caption), oneLine.width());
+  EXPECT_GT(fitting.horizontalAdvance(caption), oneLine.width() * 8 / 10) << "no smaller than it has to be";
+  const QSize twoLines{100, 96};
+  EXPECT_GT(fittingFont(font, caption, twoLines).pixelSize(), fitting.ascent())
+      << "wrapped between its words";
 }
 
 TEST(Text, inAnUnknownFaceIsShownAllTheSame) {
