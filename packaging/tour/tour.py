@@ -79,6 +79,7 @@ class Tour:
 
     def right_addition(self) -> None:
         sheet, operation = self.learner.see_operation("addition")
+        self.album.add("addition-suivante", sheet)
         self.learner.type_answer(operation.result)
         typed = self.learner.wait_for("the answer", lambda seen: seen.picture != sheet.picture)
         self.album.add("addition-reponse", typed)
@@ -109,11 +110,19 @@ class Tour:
         self.album.add("record-chronometre", self.learner.see_stopwatch()[0])
         self.album.add("record-bravo", self.answer_rightly("record"))
         self.desktop.press("Right")
+        self.wrong_operation_of_challenge()
         for _ in range(1, CHALLENGE):
             self.answer_rightly("record")
             self.desktop.press("Right")
         sheet = self.album.add("record-resultats", self.learner.see("FIN2"))
         self.learner.click(sheet, ARROWS["FIN2"])
+
+    def wrong_operation_of_challenge(self) -> None:
+        self.learner.see_operation("record")
+        self.answer_wrongly("record-faux")
+        self.desktop.press("Right")
+        self.album.add("record-correction", self.learner.see_correction())
+        self.desktop.press("Right")
 
     def goodbye(self) -> int:
         self.learner.see("accueil")
