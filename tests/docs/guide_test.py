@@ -59,7 +59,7 @@ FAULTS = {
     "no no-break space after n°": f"n°[^{WIDE}]",
 }
 
-NOT_PROSE = re.compile(r"!(?=\[)|\]\([^)]*\)|`[^`]*`|^\|[-:|]+\|$|\*\*|^- ", re.MULTILINE)
+NOT_PROSE = re.compile(r"<!--.*?-->|!(?=\[)|\]\([^)]*\)|`[^`]*`|^\|[-:|]+\|$|\*\*|^- ", re.MULTILINE)
 
 
 def faults(text: str) -> list[str]:
@@ -100,7 +100,7 @@ class Typography(unittest.TestCase):
                 self.assertEqual(len(faults(fault)), 1, faults(fault))
 
     def test_marks_that_are_no_prose(self) -> None:
-        self.assertEqual(faults("- **Une liste**\n| a | b |\n|---|:-:|\n`x: \"y\"!` [lien](a:b'c)"), [])
+        self.assertEqual(faults("<!-- SPDX: MIT -->\n- **Une liste**\n| a | b |\n|---|:-:|\n`x: \"y\"!` [lien](a:b'c)"), [])
 
 
 if __name__ == "__main__":
