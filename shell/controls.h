@@ -24,8 +24,6 @@ public:
   /// Runs the handler, unless the control is in a state in which its event cannot happen.
   void react() const;
 
-  virtual std::string_view caption() const { return design().caption; }
-
 protected:
   const ControlLayout& design() const;
   Window& window() const;
@@ -67,7 +65,7 @@ public:
   using Control::Control;
 
   void setCaption(std::string_view caption);
-  std::string_view caption() const override { return caption_; }
+  std::string_view caption() const { return caption_; }
 
 private:
   std::string caption_{design().caption};

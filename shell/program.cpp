@@ -16,6 +16,20 @@
 
 namespace chiffrolo {
 
+namespace {
+
+template <typename SomeScreen> std::shared_ptr<Screen> make(Program& program) {
+  return std::make_shared<SomeScreen>(program);
+}
+
+/// By number of the screen.
+constexpr std::array creators{make<AccueilScreen>,  make<AdditionScreen>, make<MultiplicationScreen>,
+                              make<DivisionScreen>, make<RecordScreen>,   make<FinScreen>,
+                              make<Fin2Screen>,     make<AurevoirScreen>};
+static_assert(creators.size() == screenCount);
+
+} // namespace
+
 Program::Program(Platform& platform)
     : platform_(platform), randomNumbers_([&platform] { return platform.timeOfDay(); }) {}
 
@@ -116,17 +130,7 @@ Program::HeldScreen Program::activeScreen() const {
 }
 
 Program::HeldScreen Program::create(ScreenName screen) {
-  switch (screen) {
-  case ScreenName::accueil: return std::make_shared<AccueilScreen>(*this);
-  case ScreenName::addition: return std::make_shared<AdditionScreen>(*this);
-  case ScreenName::multiplication: return std::make_shared<MultiplicationScreen>(*this);
-  case ScreenName::division: return std::make_shared<DivisionScreen>(*this);
-  case ScreenName::FIN: return std::make_shared<FinScreen>(*this);
-  case ScreenName::Aurevoir: return std::make_shared<AurevoirScreen>(*this);
-  case ScreenName::record: return std::make_shared<RecordScreen>(*this);
-  case ScreenName::FIN2: return std::make_shared<Fin2Screen>(*this);
-  }
-  return nullptr;
+  return creators[static_cast<std::size_t>(screen)](*this);
 }
 
 } // namespace chiffrolo

@@ -27,7 +27,7 @@ std::vector<std::string> Screen::labelCaptions() const {
   std::vector<std::string> captions;
   for (std::size_t row = 0; row < controls_.size(); ++row) {
     if (layout_.controls[row].kind != ControlKind::label) continue;
-    const auto* const label = controls_[row];
+    const auto* const label = dynamic_cast<const Label*>(controls_[row]);
     captions.push_back(trimmed(label == nullptr ? layout_.controls[row].caption : label->caption()));
   }
   return captions;

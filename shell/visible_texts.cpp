@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace chiffrolo {
 
@@ -80,9 +79,9 @@ void VisibleTexts::clear(Colour background) {
 }
 
 Colour VisibleTexts::groundAt(Point point) const {
-  const auto fromTop = std::views::reverse(covers_);
-  const auto topmost = std::ranges::find_if(fromTop, [&](const Cover& cover) { return cover.hides(point); });
-  return topmost == fromTop.end() ? background_ : topmost->colour;
+  const auto topmost =
+      std::find_if(covers_.rbegin(), covers_.rend(), [&](const Cover& cover) { return cover.hides(point); });
+  return topmost == covers_.rend() ? background_ : topmost->colour;
 }
 
 std::vector<VisibleText> VisibleTexts::read() const {

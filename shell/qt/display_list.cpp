@@ -6,7 +6,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <ranges>
 
 namespace chiffrolo::qt {
 
@@ -120,10 +119,9 @@ QRectF DisplayList::areaChangedBy(const Entry& added) const {
 
 /// Nothing, where it is of several colours.
 std::optional<QColor> DisplayList::groundOf(const QRectF& area) const {
-  const auto fromTop = std::views::reverse(entries_);
-  const auto topmost =
-      std::ranges::find_if(fromTop, [&](const Entry& entry) { return entry.ink.intersects(area); });
-  return topmost == fromTop.end() ? background_ : topmost->colourOf(area);
+  const auto topmost = std::find_if(entries_.rbegin(), entries_.rend(),
+                                    [&](const Entry& entry) { return entry.ink.intersects(area); });
+  return topmost == entries_.rend() ? background_ : topmost->colourOf(area);
 }
 
 } // namespace chiffrolo::qt
