@@ -1,25 +1,26 @@
 // SPDX-License-Identifier: MIT
 
-/// Measures the program in a real window beside a bare Qt window, in turn, on the display that DISPLAY names,
-/// which should have nothing else on it: start to first picture, and key press to changed pixels. Prints the
-/// medians and their ratio.
+/// Times what one who sits before the display that DISPLAY names sees happen there, and prints each time in
+/// milliseconds on a line of its own.
 ///
-/// Usage: window_bench PROGRAM BARE_PROGRAM
+/// Usage: window_bench start PROGRAM...    from the start of each program to its first picture; in turn, and
+///                                         each is ended before the next one
+///        window_bench keys COUNT          from a key press to its digit, which the program that has the keys
+///                                         shows
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <thread>
-#include <vector>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -29,8 +30,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-constexpr int starts = 21;
-constexpr int keys = 101; // over in less than the thirty seconds that an answer may take
 constexpr std::chrono::seconds patience{10};
 
 struct Area {
@@ -41,14 +40,12 @@ struct Area {
 // In pixels. The first one lies on the home screen's title, the other one where answers are echoed.
 constexpr Area titleArea{440, 30, 1, 1};
 constexpr Area answerArea{240, 120, 180, 70};
-constexpr Area additionsButton{556, 196, 1, 1};
 
 [[noreturn]] void fail(const char* message) {
   std::fprintf(stderr, "window_bench: %s\n", message);
   std::exit(EXIT_FAILURE);
 }
 
-/// The display as one who sits before it sees and uses it.
 class Seat {
 public:
   Seat() : display_(XOpenDisplay(nullptr), XCloseDisplay) {
@@ -67,13 +64,6 @@ public:
     const auto code = XKeysymToKeycode(display_.get(), symbol);
     XTestFakeKeyEvent(display_.get(), code, True, CurrentTime);
     XTestFakeKeyEvent(display_.get(), code, False, CurrentTime);
-    XFlush(display_.get());
-  }
-
-  void click(Area area) const {
-    XTestFakeMotionEvent(display_.get(), -1, area.x, area.y, CurrentTime);
-    XTestFakeButtonEvent(display_.get(), 1, True, CurrentTime);
-    XTestFakeButtonEvent(display_.get(), 1, False, CurrentTime);
     XFlush(display_.get());
   }
 
@@ -96,12 +86,14 @@ private:
 
 void rest() { std::this_thread::sleep_for(std::chrono::milliseconds(60)); }
 
+void print(Milliseconds time) { std::printf("%.3f\n", time.count()); }
+
 /// A program that runs as long as this object.
 class Running {
 public:
-  explicit Running(const std::string& program) : process_(fork()) {
+  explicit Running(const char* program) : process_(fork()) {
     if (process_ != 0) return;
-    execl(program.c_str(), program.c_str(), nullptr);
+    execl(program, program, nullptr);
     _exit(EXIT_FAILURE);
   }
   Running(const Running&) = delete;
@@ -115,11 +107,11 @@ private:
   pid_t process_;
 };
 
-Milliseconds timeStart(const Seat& seat, const std::string& program) {
+Milliseconds timeStart(const Seat& seat, const char* program) {
   const std::string empty = seat.pixels(titleArea);
   const auto since = Clock::now();
   const Running running(program);
-  return seat.untilChanged(titleArea, empty, since, std::chrono::milliseconds(2));
+  return seat.untilChanged(titleArea, empty, since, std::chrono::milliseconds(1));
 }
 
 Milliseconds timeKey(const Seat& seat, KeySym symbol) {
@@ -129,56 +121,28 @@ Milliseconds timeKey(const Seat& seat, KeySym symbol) {
   return seat.untilChanged(answerArea, before, since, std::chrono::microseconds(20));
 }
 
-double median(std::vector<Milliseconds> times) {
-  std::ranges::nth_element(times, times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2));
-  return times[times.size() / 2].count();
-}
-
-void report(const char* what, const std::vector<Milliseconds>& program,
-            const std::vector<Milliseconds>& bare) {
-  std::printf("%-32s %8.2f ms %8.2f ms %6.2f\n", what, median(program), median(bare),
-              median(program) / median(bare));
-}
-
-void benchStart(const Seat& seat, const std::string& program, const std::string& bare) {
-  std::vector<Milliseconds> programTimes, bareTimes;
-  for (int start = 0; start < starts; ++start) {
-    programTimes.push_back(timeStart(seat, program));
-    rest();
-    bareTimes.push_back(timeStart(seat, bare));
-    rest();
-  }
-  report("start to first picture", programTimes, bareTimes);
-}
-
-std::vector<Milliseconds> timeKeys(const Seat& seat) {
-  std::vector<Milliseconds> times;
-  for (int key = 0; key < keys; ++key) {
-    times.push_back(timeKey(seat, XK_8));
+void timeKeys(const Seat& seat, int count) {
+  for (int key = 0; key < count; ++key) {
+    print(timeKey(seat, XK_8));
     rest();
     seat.press(XK_BackSpace);
     rest();
   }
-  return times;
-}
-
-void benchKeys(const Seat& seat, const std::string& program, const std::string& bare) {
-  const auto timesOf = [&](const std::string& each, bool opensAdditions) {
-    const Running running(each);
-    std::this_thread::sleep_for(std::chrono::seconds(1));
-    if (opensAdditions) seat.click(additionsButton);
-    std::this_thread::sleep_for(std::chrono::seconds(1));
-    return timeKeys(seat);
-  };
-  report("key press to changed pixels", timesOf(program, true), timesOf(bare, false));
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-  if (argc != 3) fail("usage: window_bench PROGRAM BARE_PROGRAM");
+  const std::string_view what = argc > 2 ? argv[1] : "";
   const Seat seat;
-  std::printf("%-32s %11s %11s %6s\n", "median of", "Chiffrolo", "bare Qt", "ratio");
-  benchStart(seat, argv[1], argv[2]);
-  benchKeys(seat, argv[1], argv[2]);
+  if (what == "keys") {
+    timeKeys(seat, std::atoi(argv[2]));
+  } else if (what == "start") {
+    for (int program = 2; program < argc; ++program) {
+      print(timeStart(seat, argv[program]));
+      rest();
+    }
+  } else {
+    fail("what is to be timed?");
+  }
 }

@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2034 # the lists are read by the commands
 # SPDX-License-Identifier: MIT
 #
-# What the commands `run`, `test`, `bench/window` and `packaging/package` have in common; they source it.
+# What the commands `run`, `test`, `bench/measure` and `packaging/package` have in common; they source it.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." >/dev/null && pwd)
 build=$root/build
@@ -14,7 +14,7 @@ packages_to_test=(libgtest-dev librsvg2-bin python3-xlib x11-utils x11-xkb-utils
     openbox xfwm4 metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace
     "${packages_to_package[@]}" fakeroot libglib2.0-bin)
 packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck)
-packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev)
+packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
 say() {
     printf '%s\n' "$*"
