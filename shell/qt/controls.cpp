@@ -117,12 +117,7 @@ public:
   LabelControl(const ControlLayout& row, DrawingSurface& surface)
       : QLabel(&surface), row_(row), surface_(surface) {
     setTextFormat(Qt::PlainText);
-    setCaption(toQt(row.caption));
-  }
-
-  void setCaption(const QString& caption) {
-    setFont(fittingFont(row_.font, caption, inside().size()));
-    setText(caption);
+    setText(toQt(row.caption));
   }
 
 private:
@@ -130,7 +125,7 @@ private:
     QPainter painter{this};
     paintGround(painter);
     painter.scale(surface_.scale(), surface_.scale());
-    painter.setFont(font());
+    painter.setFont(fittingFont(row_.font, text(), inside().size()));
     painter.setPen(toQt(row_.foreground));
     const int across = row_.alignment == Alignment::centred ? Qt::AlignHCenter : Qt::AlignLeft;
     painter.drawText(inside(), across | Qt::AlignTop | Qt::TextWordWrap, text());
@@ -160,7 +155,6 @@ public:
   ButtonControl(const ControlLayout& row, DrawingSurface& surface)
       : QPushButton(&surface), row_(row), surface_(surface) {
     setText(toQt(row.caption).replace(u'&', QStringLiteral("&&"))); // not a shortcut
-    setFont(fittingFont(row.font, toQt(row.caption), place().size() - ring));
     setToolTip(toQt(row.tooltip));
     setAutoDefault(true); // Enter clicks it, not only the space bar
   }
@@ -172,7 +166,7 @@ private:
     initStyleOption(&option);
     style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
     painter.scale(surface_.scale(), surface_.scale());
-    painter.setFont(font());
+    painter.setFont(fittingFont(row_.font, toQt(row_.caption), place().size() - ring));
     option.rect = place();
     style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
     if (hasFocus()) paintRing(painter);
@@ -229,7 +223,7 @@ void placeControl(QWidget& control, const ControlLayout& row, qreal scale) {
 }
 
 void setLabelCaption(QWidget& control, std::string_view caption) {
-  if (auto* const label = dynamic_cast<LabelControl*>(&control)) label->setCaption(toQt(caption));
+  if (auto* const label = qobject_cast<QLabel*>(&control)) label->setText(toQt(caption));
 }
 
 } // namespace chiffrolo::qt

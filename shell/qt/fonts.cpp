@@ -3,6 +3,7 @@
 
 #include "shell/qt/units.h"
 
+#include <QFontDatabase>
 #include <QPainter>
 
 #include <algorithm>
@@ -39,10 +40,22 @@ const Face* knownFace(const QString& name) {
   return found == faces.end() ? nullptr : found;
 }
 
+const QStringList& installedFamilies() {
+  static const QStringList families = QFontDatabase::families();
+  return families;
+}
+
+/// Asked for a face that is not installed, Qt would have the whole system searched for one that is like it.
+QString installedFamily(const Face& face) {
+  const QString family = QString::fromLatin1(face.family);
+  const bool isInstalled = installedFamilies().contains(family, Qt::CaseInsensitive);
+  return isInstalled ? family : QString::fromLatin1(face.standIn);
+}
+
 QFont makeFont(const Font& font, int multiple) {
   const QString asked = toQt(font.face);
   const Face* const known = knownFace(asked);
-  QFont made{known == nullptr ? asked : QString::fromLatin1(known->family)};
+  QFont made{known == nullptr ? asked : installedFamily(*known)};
   if (known != nullptr) made.setStyleHint(known->kind);
   made.setPixelSize(std::max(1, qRound(toPixels(font.size) * multiple)));
   made.setBold(font.weight == Weight::bold);
@@ -67,15 +80,7 @@ QFont withoutKerning(QFont font) {
 
 } // namespace
 
-void substituteFonts() {
-  for (const auto& face : faces)
-    QFont::insertSubstitution(QString::fromLatin1(face.family), QString::fromLatin1(face.standIn));
-}
-
-void findFaces() {
-  for (const char* const face : {"Arial", "Times New Roman"})
-    QFontMetricsF{captionFont({face, 10, Weight::bold})}.height();
-}
+void findFaces() { installedFamilies(); }
 
 QFont captionFont(const Font& font) { return makeFont(font, 1); }
 

@@ -14,13 +14,10 @@ class QPainter;
 
 namespace chiffrolo::qt {
 
-/// Names the faces that stand in for those that are not installed. Once, before any text.
-void substituteFonts();
-
-/// Finds the faces of the home screen among those that are installed. What one thread finds, all know.
+/// Finds out which faces are installed. What one thread finds, all know.
 void findFaces();
 
-/// The font of a caption, in whole pixels.
+/// The font of a caption, in whole pixels. Waits until it is known which faces are installed.
 QFont captionFont(const Font& font);
 /// The same, or as much smaller as it takes to show all of a caption, wrapped at words, within `room`
 /// (pixels): the face that stands in for a missing one may be wider.

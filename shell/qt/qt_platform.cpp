@@ -12,7 +12,6 @@ namespace chiffrolo::qt {
 // To find the faces takes longest at a start: another core does it while the window opens.
 QtPlatform::QtPlatform() {
   makeSurfacesReadable();
-  substituteFonts();
   faceSearch_ = std::jthread(findFaces);
 }
 

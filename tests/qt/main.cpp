@@ -25,6 +25,5 @@ int main(int argc, char* argv[]) {
   configuration.flush();
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + configuration.fileName().toUtf8());
   const QApplication application{argc, argv};
-  chiffrolo::qt::substituteFonts();
   return RUN_ALL_TESTS();
 }
