@@ -4,11 +4,14 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QPixmap>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
 #include <utility>
+
+#include <malloc.h>
 
 namespace chiffrolo::qt {
 
@@ -142,9 +145,13 @@ void HostWindow::fillScreenSoon() {
 }
 
 /// Once, and only after the first picture: the icon takes longer to load and to send than the home screen.
+/// Were its format not told, Qt would load all its plugins for pictures to find it out.
 void HostWindow::showIcon() {
   if (!windowIcon().isNull()) return;
-  QTimer::singleShot(0, this, [this] { setWindowIcon(QIcon(QStringLiteral(":/chiffrolo.png"))); });
+  QTimer::singleShot(0, this, [this] {
+    setWindowIcon(QPixmap(QStringLiteral(":/chiffrolo.png"), "PNG"));
+    malloc_trim(0); // Linux: what only the start needed, of which the search for faces had most
+  });
 }
 
 } // namespace chiffrolo::qt

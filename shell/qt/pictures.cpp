@@ -22,16 +22,21 @@ constexpr std::array<Files, 4> files{{
 
 const Files& filesOf(Picture picture) { return files.at(static_cast<std::size_t>(picture)); }
 
+/// Were the format not told, Qt would load all its plugins for pictures to find it out.
+QPixmap load(const QString& file) {
+  const QByteArray format = file.section(u'.', -1).toLatin1();
+  return QPixmap{file, format.constData()};
+}
+
 } // namespace
 
 ScaledPicture::ScaledPicture(Picture picture)
-    : large_(filesOf(picture).large), designed_(QString::fromLatin1(filesOf(picture).designed)) {}
+    : large_(filesOf(picture).large), designed_(load(QString::fromLatin1(filesOf(picture).designed))) {}
 
 const QPixmap& ScaledPicture::ofSize(QSize dots) {
   if (dots == designed_.size()) return designed_;
   if (dots != scaled_.size())
-    scaled_ =
-        QPixmap(QString::fromLatin1(large_)).scaled(dots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    scaled_ = load(QString::fromLatin1(large_)).scaled(dots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   return scaled_;
 }
 
