@@ -3,11 +3,10 @@
 
 import subprocess
 import tempfile
-import time
 from pathlib import Path
 
 import Xlib.display
-from Xlib import Xatom
+from Xlib import Xatom, Xutil
 from desktop import Display, Surroundings, end_process, environment_without_display, start_quietly, wait_until
 
 PANEL_HEIGHT = 40  # pixels
@@ -30,15 +29,12 @@ class Panel:
         self._set("_NET_WM_WINDOW_TYPE", Xatom.ATOM, [self._atom("_NET_WM_WINDOW_TYPE_DOCK")])
         top_edge = [0, 0, PANEL_HEIGHT, 0] + [0] * 4 + [0, display.width - 1] + [0] * 2
         self._set("_NET_WM_STRUT_PARTIAL", Xatom.CARDINAL, top_edge)
-        self._appeared = 0.0  # seconds; long ago
+        self._button.set_wm_normal_hints(flags=Xutil.USPosition, x=0, y=0)  # or else it might be centred
+        self._button.map()
+        self._connection.flush()
 
     def is_respected(self) -> bool:
-        """Whether a window manager leaves its place free. A button that appears while the manager starts may be
-        overlooked for good, so it appears anew every second."""
-        if time.monotonic() > self._appeared + 1:
-            self._button.unmap()
-            self._button.map()
-            self._appeared = time.monotonic()
+        """Whether a window manager leaves its place free."""
         work_area = self._root.get_full_property(self._atom("_NET_WORKAREA"), Xatom.CARDINAL)
         free = [0, PANEL_HEIGHT, self._display.width, self._display.height - PANEL_HEIGHT]
         return work_area is not None and list(work_area.value[:4]) == free
@@ -79,12 +75,17 @@ class Managed(Surroundings):
         own = {"GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
         self._manager = start_quietly(self.command, display.environment() | self._scratch.variables() | own)
         try:
+            wait_until("the window manager has started", self.has_started)
             self._panel = Panel(display)
             # It announces itself to other programs before it takes care of their windows: too early to go on.
             wait_until("the window manager is ready", self._panel.is_respected)
         except BaseException:
             self.close()
             raise
+
+    def has_started(self) -> bool:
+        """Whether it takes care of windows that appear from now on."""
+        return True
 
     def close(self) -> None:
         """By ending its display: told to end, it would leave a message bus behind."""
@@ -99,7 +100,12 @@ class Managed(Surroundings):
 
 
 class Openbox(Managed):
-    command = ["openbox", "--sm-disable"]
+    """Overlooks a window for good that appears while it starts."""
+
+    command = ["openbox", "--sm-disable", "--startup", "sh -c 'touch $HOME/started'"]
+
+    def has_started(self) -> bool:
+        return (self._scratch.path / "started").exists()
 
 
 class Xfwm4(Managed):
