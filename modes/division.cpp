@@ -133,7 +133,7 @@ void DivisionScreen::endCorrection() {
   write({120, 335}, "en cas d'erreur, la correction est affichée en rouge");
 }
 
-DivisionScreen::Place DivisionScreen::quotientPlace(int k) const { return {136 + pitch * k, 160}; }
+DivisionScreen::Place DivisionScreen::quotientPlace(int k) { return {136 + pitch * k, 160}; }
 
 DivisionScreen::Place DivisionScreen::remainderPlace(int k) const {
   return {120 - pitch * (division.quotientDigits() - k + 1), 120 + 40 * k};

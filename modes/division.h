@@ -32,7 +32,7 @@ private:
   void bringDown(int k);
   void endCorrection();
 
-  Place quotientPlace(int k) const;
+  static Place quotientPlace(int k);
   Place remainderPlace(int k) const;
   /// Prints one text, in blue.
   void write(Place place, std::string_view text);

@@ -76,7 +76,7 @@ private:
     Meaning meaning;
   };
   struct Cover {
-    Shape shape;
+    Shape shape{};
     Rectangle area;
     Colour colour;
 

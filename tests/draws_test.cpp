@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <sstream>
 
@@ -115,11 +116,9 @@ TEST(LongDivisionDigits, areThoseOfTheWrittenDivision) {
     const char *dividendDigits, *remainders, *broughtDown;
   };
   // 37 : 6 is 6 remainder 1, 12 : 6 is 2; 12 : 2, 3 : 2, 14 : 2; 80 : 8, 0 : 8, 8 : 8.
-  const Case cases[]{{62, 6, "372", "10", "2"},
-                     {24, 2, "48", "00", "8"},
-                     {617, 2, "1234", "010", "34"},
-                     {101, 8, "808", "000", "08"},
-                     {999, 9, "8991", "880", "91"}};
+  const std::array cases{Case{62, 6, "372", "10", "2"}, Case{24, 2, "48", "00", "8"},
+                         Case{617, 2, "1234", "010", "34"}, Case{101, 8, "808", "000", "08"},
+                         Case{999, 9, "8991", "880", "91"}};
   for (const auto& [quotient, divisor, dividendDigits, remainders, broughtDown] : cases) {
     const LongDivision division(quotient, divisor);
     std::string dividend, rests, down;

@@ -16,10 +16,10 @@ namespace {
 enum class Slanting : std::uint8_t { asAsked, never };
 
 struct Face {
-  const char* asked; // in small letters
-  const char* family;
-  const char* standIn;
-  QFont::StyleHint kind; // for when neither is installed
+  const char* asked{}; // in small letters
+  const char* family{};
+  const char* standIn{};
+  QFont::StyleHint kind{QFont::AnyStyle}; // for when neither is installed
   Slanting slanting{Slanting::asAsked};
 };
 

@@ -100,7 +100,7 @@ void expectSame(const Lines& one, const Lines& other) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace chiffrolo::test;
-  const auto run = playAttentively(linesOf({reinterpret_cast<const char*>(data), size}));
+  const auto run = playAttentively(linesOf(std::string(data, data + size)));
   expectSame(run.transcript, playDeaf(run.accepted));
   return 0;
 }
