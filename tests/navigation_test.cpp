@@ -24,13 +24,7 @@ TEST_P(Navigation, moves) {
   EXPECT_EQ(learner.moves(), GetParam().expected);
 }
 
-ROWS(Navigation, {"start", "", "load accueil, activate accueil"},
-     {"additions", "\nclick Commande1", "load addition, activate addition"},
-     {"multiplications", "\nclick Commande2", "load multiplication, activate multiplication"},
-     {"divisions", "\nclick Commande3", "load division, activate division"},
-     {"challenge", "\nclick Commande4", "load record, activate record"},
-     {"goodbye", "\nclick Commande5", "load Aurevoir, activate Aurevoir"},
-     {"goodbyeByEscape", "\nkey Escape", "load Aurevoir, activate Aurevoir"},
+ROWS(Navigation, {"goodbyeByEscape", "\nkey Escape", "load Aurevoir, activate Aurevoir"},
      {"firstKeyOpensNothing", "\nkey Right", ""}, {"leftOpensNothing", "key Right\nkey Left", ""},
      {"apostropheIsNotRight", "set essai 7\nkey '", ""},
      {"secondKeyOpensAdditions", "key a\nkey Enter", "load addition, activate addition"},
@@ -38,26 +32,17 @@ ROWS(Navigation, {"start", "", "load accueil, activate accueil"},
      {"cursorAt3", "set essai 3\nkey Space", "load division, activate division"},
      {"cursorAt4", "set essai 4\nkey 1", "load record, activate record"},
      {"cursorAt5", "set essai 5\nkey Right", "load Aurevoir, activate Aurevoir"},
-     {"cursorBeyond", "set essai 9\nkey Right", ""},
-     {"stopImage", RIGHT_ANSWER "click arret", "activate accueil"},
-     {"hiddenStopImage", "click Commande1\nclick arret", ""},
+     {"cursorBeyond", "set essai 9\nkey Right", ""}, {"hiddenStopImage", "click Commande1\nclick arret", ""},
      {"labelIsNoButton", "click Commande1\nclick titre", ""},
-     {"escapeFromAdditions", "click Commande1\nkey Escape", "activate accueil"},
      {"backToLoadedAdditions", "click Commande1\nkey Escape\nclick Commande1", "activate addition"},
-     {"tenPointsLeadOn", RIGHT_ANSWER "set score 10\nclick flèche",
-      "load FIN, unload addition, activate FIN"},
-     {"homeFromFinByArrow", LEVEL_PASSED "click flèche", "activate accueil"},
      {"homeFromFinByRight", LEVEL_PASSED "key Right", "activate accueil"},
      {"homeFromFinByEnter", LEVEL_PASSED "key Enter", "activate accueil"},
      {"homeFromFinByEscape", LEVEL_PASSED "key Escape", "activate accueil"},
-     {"finStaysOnDigit", LEVEL_PASSED "key 7", ""}, {"finStaysOnLeft", LEVEL_PASSED "key Left", ""},
      {"secondLevelKeepsAdditions",
       LEVEL_PASSED "key Enter\nclick Commande1\nset score 10\nkey 1\nfront accueil\nfront addition",
       "activate addition, activate FIN"},
-     {"goodbyeIgnoresKeys", "key Escape\nkey Enter", ""},
      {"goodbyeEndsByArrow", "click Commande1\nkey Escape\nkey Escape\nclick flèche", "end"},
      {"closeLeadsHome", "click Commande1\nclose", "activate accueil, unload addition"},
-     {"closeGoodbye", "key Escape\nclose", "activate accueil, unload Aurevoir"},
      {"closeHomeEnds", "click Commande1\nkey Escape\nclose", "end"},
      {"frontOfUnloaded", "\nfront addition", ""}, {"frontOfActive", "\nfront accueil", ""},
      {"frontOfLoaded", "click Commande1\nfront accueil", "activate accueil"});
@@ -90,16 +75,6 @@ TEST(Score, isResetByLeavingAndByFin) {
                 .score,
             3)
       << "Escape while a correction waits";
-}
-
-TEST(Programs, liveSideBySide) {
-  Learner one(RIGHT_ANSWER);
-  Learner other("rnd 0.5 0.7 0.4 0.3 0.5\nclick Commande1");
-  EXPECT_EQ(one.shared().score, 1);
-  EXPECT_EQ(other.shared().score, 0);
-  other.play("key 4\nkey 7\nkey Enter");
-  EXPECT_EQ(other.shared().operation, "82-35");
-  EXPECT_EQ(one.shared().operation, "47+35");
 }
 
 // ---- Layouts -----------------------------------------------------------------------------------------

@@ -2,23 +2,13 @@
 #include "shell/layouts.h"
 #include "shell/recording/recording_platform.h"
 #include "shell/surface.h"
+#include "tests/fake_program.h"
 
 #include <gtest/gtest.h>
 
 namespace chiffrolo::test {
 
 namespace {
-
-class NoEvents final : public Events {
-public:
-  KeyUse key(int, std::optional<char32_t>) noexcept override { return KeyUse::screenStayed; }
-  void click(ControlIndex) noexcept override {}
-  void tick(ScreenName, ControlIndex) noexcept override {}
-  void front(ScreenName) noexcept override {}
-  void close() noexcept override {}
-  std::vector<SpokenText> spokenTexts(ScreenName) const noexcept override { return {}; }
-  std::string takeNews() noexcept override { return {}; }
-};
 
 /// A surface in a font of 9 points, in which a character is 5 points wide and a line 11.25 high.
 class OnASurface : public testing::Test {
@@ -45,7 +35,7 @@ protected:
 
   std::string transcript;
   RecordingPlatform platform{[this](std::string_view line) { transcript += std::string(line) + "\n"; }};
-  NoEvents events;
+  FakeProgram events;
   Surface surface{platform.createWindow(layoutOf(ScreenName::addition), events),
                   layoutOf(ScreenName::addition)};
 };
@@ -114,12 +104,6 @@ TEST_F(OnASurface, linesAreReadFromTheTopAndTextsFromTheLeft) {
   EXPECT_EQ(texts[0].place.height, 11.25F);
 }
 
-TEST_F(OnASurface, anotherGroundMakesAnotherText) {
-  surface.Line({120, 90}, {200, 130}, QBColor(11), Form::filledBox);
-  print(112, 100, "42 FAUX");
-  EXPECT_EQ(reads(), "42 | FAUX");
-}
-
 // ---- The drawing operations --------------------------------------------------------------------------
 
 TEST_F(OnASurface, printMovesOnAsItsSeparatorSays) {
@@ -133,14 +117,6 @@ TEST_F(OnASurface, printMovesOnAsItsSeparatorSays) {
                         "addition text 0 11.25 \"Times New Roman\" 9 #000080 \"é\"\n");
   EXPECT_EQ(surface.CurrentX, 140) << "two zones of 14 characters, each 5 points wide";
   EXPECT_EQ(surface.CurrentY, 11.25F);
-}
-
-TEST_F(OnASurface, segmentsWithoutColourAreInForeColor) {
-  surface.DrawWidth = 3;
-  surface.Line({1, 2}, {3, 4});
-  surface.Line({1, 2}, {3, 4}, QBColor(8), Form::box);
-  EXPECT_EQ(transcript,
-            "load addition\naddition segment 1 2 3 4 3 #000080\naddition box 1 2 3 4 3 #808080 -\n");
 }
 
 } // namespace

@@ -4,11 +4,8 @@
 
 import configparser
 import gzip
-import io
 import re
-import stat
 import subprocess
-import tarfile
 import tempfile
 import unittest
 from pathlib import Path
@@ -44,27 +41,13 @@ class Contents(unittest.TestCase):
 
     def test_files(self) -> None:
         guide = {f"{DOCUMENTS}/{path}" for path in self.guide()}
-        self.assertEqual({path for path, member in self.members() if member.isfile()}, FILES | guide)
+        unpacked = {str(path.relative_to(self.unpacked)) for path in self.unpacked.rglob("*") if path.is_file()}
+        self.assertEqual(unpacked, FILES | guide)
 
     def guide(self) -> set[Path]:
-        """The guide and its pictures, if there is one."""
+        """The guide and its pictures."""
         documents = ROOT / "docs"
-        if not (documents / "guide.md").exists():
-            return set()
         return {path.relative_to(documents) for path in documents.rglob("*") if path.suffix in (".md", ".png")}
-
-    def test_owners_and_modes(self) -> None:
-        for path, member in self.members():
-            with self.subTest(path):
-                self.assertEqual((member.uid, member.gid, member.uname, member.gname), (0, 0, "root", "root"))
-                self.assertTrue(member.isfile() or member.isdir())
-                runs = member.isdir() or path.startswith("usr/bin/")
-                self.assertEqual(stat.S_IMODE(member.mode), 0o755 if runs else 0o644)
-
-    def members(self) -> list[tuple[str, tarfile.TarInfo]]:
-        archive = subprocess.run(["dpkg-deb", "--fsys-tarfile", package()], check=True, stdout=subprocess.PIPE).stdout
-        with tarfile.open(fileobj=io.BytesIO(archive)) as members:
-            return [(member.name.removeprefix("./"), member) for member in members]
 
     def test_licence(self) -> None:
         copyright = (self.unpacked / DOCUMENTS / "copyright").read_text(encoding="utf-8")
@@ -89,8 +72,6 @@ class Contents(unittest.TestCase):
         told_to_the_desktop = ID.encode("utf-16-le")
         self.assertIn(told_to_the_desktop, (self.unpacked / "usr/bin/chiffrolo").read_bytes())
 
-    def test_menu(self) -> None:
-        self.assertEqual(self.entry()["Categories"], "Education;Math;")
         self.assertEqual(self.entry()["Exec"], self.metainfo().findtext("provides/binary"))
 
     def entry(self) -> configparser.SectionProxy:
@@ -122,27 +103,12 @@ class Contents(unittest.TestCase):
         for manual in (MANUAL, FRENCH_MANUAL):
             self.assertIn(f'"Chiffrolo {upstream}"', self.unzipped(manual))
 
-    def test_manuals_tell_the_keys(self) -> None:
-        keys = {
-            MANUAL: ("Backspace", "Enter", "Right arrow", "Escape"),
-            FRENCH_MANUAL: ("Retour arrière", "Entrée", "Flèche droite", "Échap"),
-        }
-        for manual, names in keys.items():
-            for name in names:
-                self.assertIn(name, self.unzipped(manual))
-
     def unzipped(self, path: str) -> str:
         return gzip.decompress((self.unpacked / path).read_bytes()).decode()
 
-    def test_zipped_the_same_each_time(self) -> None:
-        """A gzip header holds a date in its bytes 4 to 7; its flag 8 says that a name follows."""
-        for path in (path for path in FILES if path.endswith(".gz")):
-            header = (self.unpacked / path).read_bytes()[:10]
-            self.assertEqual((header[3], header[4:8]), (0, bytes(4)), path)
-
     def test_icons_are_what_their_source_draws(self) -> None:
         """Another version of the renderer may place the edges of shapes a little differently."""
-        drawn = self.unpacked / "drawn"
+        drawn = Path(self.enterContext(tempfile.TemporaryDirectory())) / "drawn"
         subprocess.run([ROOT / "packaging" / "icons" / "draw", drawn], check=True)
         for size in SIZES:
             icon = self.unpacked / f"{ICONS}/{size}x{size}/apps/{ID}.png"

@@ -38,30 +38,22 @@ class ScratchSystem:
     def dpkg(self, *arguments: str | Path) -> None:
         """As root only by appearance."""
         path = os.environ["PATH"] + ":/usr/sbin:/sbin"  # dpkg insists on tools that it would not need here
-        result = subprocess.run(
-            ["fakeroot", "dpkg", f"--root={self.root}", *arguments],
-            env=os.environ | {"PATH": path, "LC_ALL": "C"},
-            stdin=subprocess.DEVNULL,
-            stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT,
-            text=True,
-        )
-        assert result.returncode == 0, result.stdout
+        environment = os.environ | {"PATH": path, "LC_ALL": "C"}
+        command = ["fakeroot", "dpkg", f"--root={self.root}", *arguments]
+        result = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        assert result.returncode == 0, result.stdout + result.stderr
 
     def paths(self) -> set[Path]:
         return {path for path in self.root.rglob("*") if not path.is_relative_to(self.root / "var")}
 
 
 class Installation(WindowCase):
-    with_window_manager = True
-
     def setUp(self) -> None:
-        scratch = tempfile.TemporaryDirectory()
-        self.addCleanup(scratch.cleanup)
-        self.system = ScratchSystem(Path(scratch.name) / "system")
+        scratch = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        self.system = ScratchSystem(scratch / "system")
         self.before = self.system.paths()
         self.system.dpkg("--install", package())
-        os.environ["CHIFFROLO"] = str(self.make_launcher(Path(scratch.name)))
+        os.environ["CHIFFROLO"] = str(self.make_launcher(scratch))
         super().setUp()
 
     def make_launcher(self, scratch: Path) -> Path:
@@ -76,9 +68,7 @@ class Installation(WindowCase):
         self.learner.start()
         self.assert_is_the_installed_one()
         self.learner.open("addition")
-        _, operation = self.learner.see_operation("addition")
-        self.learner.submit(operation.result)
-        self.learner.see_bravo("addition")
+        self.answer_addition()
         self.desktop.press("Escape")
         self.learner.see("accueil")
         self.desktop.press("Escape")

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/platform.h"
+#include "shell/qt/key_repeat.h"
 #include "shell/qt/keys.h"
+#include "shell/qt/zoom.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +10,18 @@ namespace chiffrolo::qt {
 
 namespace {
 
-constexpr std::nullopt_t noCharacter = std::nullopt;
-constexpr std::nullopt_t notPassed = std::nullopt;
+constexpr auto plain = Qt::NoModifier;
+constexpr auto shift = Qt::ShiftModifier;
+constexpr auto control = Qt::ControlModifier;
+constexpr auto onKeypad = Qt::KeypadModifier;
+constexpr auto altGr = Qt::GroupSwitchModifier;
+constexpr quint32 nativeShift = 1;
+constexpr quint32 nativeLock = 2;
+constexpr quint32 nativeAltGr = 0x80;
+
+/// Some key that types this, or nothing.
+constexpr KeyStroke types(char32_t character) { return {keyCode::other, character}; }
+constexpr KeyStroke typesNothing{keyCode::other, std::nullopt};
 
 struct Row {
   const char* name;
@@ -17,131 +29,166 @@ struct Row {
   Qt::KeyboardModifiers modifiers;
   const char* text;
   std::optional<KeyStroke> expected;
+  quint32 scanCode{};
+  quint32 nativeModifiers{};
 };
 
-class Keys : public testing::TestWithParam<Row> {};
-
-TEST_P(Keys, areTranslated) {
-  const auto& row = GetParam();
-  const QKeyEvent press{QEvent::KeyPress, row.key, row.modifiers, QString::fromUtf8(row.text)};
-  EXPECT_EQ(translateKey(press), row.expected);
-}
-
-const auto plain = Qt::NoModifier;
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, Keys,
-    testing::Values(
-        Row{"digit", Qt::Key_7, plain, "7", KeyStroke{keyCode::other, U'7'}},
-        Row{"keypadDigit", Qt::Key_7, Qt::KeypadModifier, "7", KeyStroke{keyCode::other, U'7'}},
-        Row{"keypad5WithoutNumLock", Qt::Key_Clear, Qt::KeypadModifier, "", KeyStroke{keyCode::other, U'5'}},
-        Row{"keypad6WithoutNumLock", Qt::Key_Right, Qt::KeypadModifier, "", KeyStroke{keyCode::other, U'6'}},
-        Row{"capital", Qt::Key_A, Qt::ShiftModifier, "A", KeyStroke{keyCode::other, U'A'}},
-        Row{"accent", Qt::Key_Eacute, plain, "é", KeyStroke{keyCode::other, U'é'}},
-        Row{"euro", Qt::Key_E, Qt::GroupSwitchModifier, "€", KeyStroke{keyCode::other, U'€'}},
-        Row{"space", Qt::Key_Space, plain, " ", KeyStroke{keyCode::other, U' '}},
-        Row{"beyondTheFirst65536", Qt::Key_unknown, plain, "😀", KeyStroke{keyCode::other, noCharacter}},
-        Row{"control", Qt::Key_A, Qt::ControlModifier, "\1", KeyStroke{keyCode::other, noCharacter}},
-        Row{"alt", Qt::Key_7, Qt::AltModifier, "7", KeyStroke{keyCode::other, noCharacter}},
-        Row{"meta", Qt::Key_7, Qt::MetaModifier, "7", KeyStroke{keyCode::other, noCharacter}},
-        Row{"enter", Qt::Key_Return, plain, "\r", KeyStroke{keyCode::enter, char32_t{13}}},
-        Row{"keypadEnter", Qt::Key_Enter, Qt::KeypadModifier, "\r", KeyStroke{keyCode::enter, char32_t{13}}},
-        Row{"backspace", Qt::Key_Backspace, plain, "\b", KeyStroke{keyCode::other, char32_t{8}}},
-        Row{"escape", Qt::Key_Escape, plain, "\33", KeyStroke{keyCode::other, char32_t{27}}},
-        Row{"right", Qt::Key_Right, plain, "", KeyStroke{keyCode::right, noCharacter}},
-        Row{"left", Qt::Key_Left, plain, "", KeyStroke{keyCode::other, noCharacter}},
-        Row{"apostrophe", Qt::Key_Apostrophe, plain, "'", KeyStroke{keyCode::other, U'\''}},
-        Row{"carriageReturnByControl", Qt::Key_M, Qt::ControlModifier, "\r",
-            KeyStroke{keyCode::other, noCharacter}},
-        Row{"tab", Qt::Key_Tab, plain, "\t", KeyStroke{keyCode::other, noCharacter}},
-        Row{"delete", Qt::Key_Delete, plain, "\177", KeyStroke{keyCode::other, noCharacter}},
-        Row{"functionKey", Qt::Key_F1, plain, "", KeyStroke{keyCode::other, noCharacter}},
-        Row{"shiftAlone", Qt::Key_Shift, Qt::ShiftModifier, "", notPassed},
-        Row{"altGrAlone", Qt::Key_AltGr, plain, "", notPassed},
-        Row{"capsLock", Qt::Key_CapsLock, plain, "", notPassed}),
-    [](const auto& tested) { return tested.param.name; });
-
-// ---- The keys of a keyboard, by the codes that it sends
-// -------------------------------------------------------
-
-/// As seen on the platforms for X11 and Wayland with French, Belgian, Swiss, Canadian and bépo layouts.
-struct NativeRow {
-  const char* name;
-  quint32 scanCode;
-  int key;
-  Qt::KeyboardModifiers modifiers;
-  quint32 nativeModifiers;
-  const char* text;
-  std::optional<char32_t> expected;
+// With scan codes: as seen on the platforms for X11 and Wayland with French, Belgian, Swiss, Canadian and
+// bépo layouts.
+const Row rows[]{
+    {"digit", Qt::Key_7, plain, "7", types(U'7')},
+    {"apostrophe", Qt::Key_Apostrophe, plain, "'", types(U'\'')},
+    {"beyondTheFirst65536", Qt::Key_unknown, plain, "😀", typesNothing},
+    {"alt", Qt::Key_7, Qt::AltModifier, "7", typesNothing},
+    {"meta", Qt::Key_7, Qt::MetaModifier, "7", typesNothing},
+    {"enter", Qt::Key_Return, plain, "\r", KeyStroke{keyCode::enter, U'\r'}},
+    {"keypadEnter", Qt::Key_Enter, onKeypad, "\r", KeyStroke{keyCode::enter, U'\r'}},
+    {"carriageReturnByControl", Qt::Key_M, control, "\r", typesNothing},
+    {"backspace", Qt::Key_Backspace, plain, "\b", types(U'\b')},
+    {"escape", Qt::Key_Escape, plain, "\33", types(char32_t{27})},
+    {"right", Qt::Key_Right, plain, "", KeyStroke{keyCode::right, std::nullopt}},
+    {"delete", Qt::Key_Delete, plain, "\177", typesNothing},
+    {"shiftAlone", Qt::Key_Shift, shift, "", std::nullopt},
+    {"altGrAlone", Qt::Key_AltGr, plain, "", std::nullopt},
+    {"capsLockAlone", Qt::Key_CapsLock, plain, "", std::nullopt},
+    {"firstOfTheRow", Qt::Key_Ampersand, plain, "&", types(U'1'), 10},
+    {"lastOfTheRow", Qt::Key_Agrave, plain, "à", types(U'0'), 19},
+    {"beforeTheRow", Qt::Key_A, plain, "a", types(U'a'), 9},
+    {"behindTheRow", Qt::Key_ParenRight, plain, ")", types(U')'), 20},
+    {"equalsInTheRow", Qt::Key_Equal, plain, "=", types(U'='), 10},
+    {"deadKeyOfTheRow", Qt::Key_Dead_Circumflex, plain, "", types(U'6'), 15},
+    {"capsLock", Qt::Key_Eacute, plain, "É", types(U'2'), 11, nativeLock},
+    {"shifted", Qt::Key_5, shift, "5", types(U'5'), 14, nativeShift},
+    {"shiftedSign", Qt::Key_Exclam, shift, "!", types(U'!'), 10, nativeShift},
+    {"digitElsewhere", Qt::Key_1, plain, "1", types(U'1'), 14},
+    {"otherDigitOfUnicode", Qt::Key_unknown, plain, "٣", types(U'٣'), 40},
+    {"otherDigitInTheRow", Qt::Key_unknown, plain, "٤", types(U'3'), 12},
+    {"control", Qt::Key_Ampersand, control, "&", typesNothing, 10},
+    {"altGrOnX11", Qt::Key_At, altGr, "@", types(U'@'), 19, nativeAltGr},
+    {"altGrOnWayland", Qt::Key_At, plain, "@", types(U'@'), 19, nativeAltGr},
+    {"altGrNextToADigit", Qt::Key_1, altGr, "1", typesNothing, 10, nativeAltGr},
+    {"keypadWithShift", Qt::Key_End, shift | onKeypad, "", types(U'1'), 87, nativeShift},
+    {"keypad6OnWayland", Qt::Key_Right, plain, "", types(U'6'), 85},
+    {"keypad6WithControl", Qt::Key_Right, control | onKeypad, "", typesNothing, 85},
+    {"keypadSeparator", Qt::Key_Delete, onKeypad, "", typesNothing, 91},
+    {"leftBesideTheKeypad", Qt::Key_Left, plain, "", typesNothing, 113},
 };
 
-class NativeKeys : public testing::TestWithParam<NativeRow> {};
-
-TEST_P(NativeKeys, areTranslated) {
-  const auto& row = GetParam();
-  const auto text = QString::fromUtf8(row.text);
-  const QKeyEvent press{QEvent::KeyPress, row.key, row.modifiers, row.scanCode, 0, row.nativeModifiers, text};
-  EXPECT_EQ(translateKey(press, NativeCodes::ofX11), (KeyStroke{keyCode::other, row.expected}));
+TEST(Keys, areTranslated) {
+  for (const auto& row : rows) {
+    const auto text = QString::fromUtf8(row.text);
+    const QKeyEvent press{QEvent::KeyPress,    row.key, row.modifiers, row.scanCode, 0,
+                          row.nativeModifiers, text};
+    EXPECT_EQ(translateKey(press, NativeCodes::ofX11), row.expected) << row.name;
+  }
 }
 
-const auto shift = Qt::ShiftModifier;
-const auto onKeypad = Qt::KeypadModifier;
-const auto altGr = Qt::GroupSwitchModifier;
-constexpr quint32 noNative = 0;
-constexpr quint32 nativeShift = 1;
-constexpr quint32 nativeLock = 2;
-constexpr quint32 nativeAltGr = 0x80;
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, NativeKeys,
-    testing::Values(NativeRow{"firstOfTheRow", 10, Qt::Key_Ampersand, plain, noNative, "&", U'1'},
-                    NativeRow{"secondOfTheRow", 11, Qt::Key_Eacute, plain, noNative, "é", U'2'},
-                    NativeRow{"ninthOfTheRow", 18, Qt::Key_Ccedilla, plain, noNative, "ç", U'9'},
-                    NativeRow{"lastOfTheRow", 19, Qt::Key_Agrave, plain, noNative, "à", U'0'},
-                    NativeRow{"beforeTheRow", 9, Qt::Key_A, plain, noNative, "a", U'a'},
-                    NativeRow{"behindTheRow", 20, Qt::Key_ParenRight, plain, noNative, ")", U')'},
-                    NativeRow{"equalsBehindTheRow", 21, Qt::Key_Equal, plain, noNative, "=", U'='},
-                    NativeRow{"equalsInTheRow", 10, Qt::Key_Equal, plain, noNative, "=", U'='},
-                    NativeRow{"equalsAboveZero", 19, Qt::Key_Equal, shift, nativeShift, "=", U'='},
-                    NativeRow{"deadKeyOfTheRow", 15, Qt::Key_Dead_Circumflex, plain, noNative, "", U'6'},
-                    NativeRow{"capsLock", 11, Qt::Key_Eacute, plain, nativeLock, "É", U'2'},
-                    NativeRow{"shifted", 14, Qt::Key_5, shift, nativeShift, "5", U'5'},
-                    NativeRow{"shiftedSign", 10, Qt::Key_Exclam, shift, nativeShift, "!", U'!'},
-                    NativeRow{"digitElsewhere", 14, Qt::Key_1, plain, noNative, "1", U'1'},
-                    NativeRow{"otherDigitOfUnicode", 40, Qt::Key_unknown, plain, noNative, "٣", U'٣'},
-                    NativeRow{"otherDigitInTheRow", 12, Qt::Key_unknown, plain, noNative, "٤", U'3'},
-                    NativeRow{"control", 10, Qt::Key_Ampersand, Qt::ControlModifier, noNative, "&",
-                              noCharacter},
-                    NativeRow{"alt", 10, Qt::Key_Ampersand, Qt::AltModifier, noNative, "&", noCharacter},
-                    NativeRow{"meta", 10, Qt::Key_Ampersand, Qt::MetaModifier, noNative, "&", noCharacter},
-                    NativeRow{"altGrOnX11", 19, Qt::Key_At, altGr, nativeAltGr, "@", U'@'},
-                    NativeRow{"altGrOnWayland", 19, Qt::Key_At, plain, nativeAltGr, "@", U'@'},
-                    NativeRow{"altGrNextToADigit", 10, Qt::Key_1, altGr, nativeAltGr, "1", noCharacter},
-                    NativeRow{"euroOnWayland", 26, Qt::Key_E, plain, nativeAltGr, "€", U'€'},
-                    NativeRow{"keypadWithNumLock", 84, Qt::Key_5, onKeypad, noNative, "5", U'5'},
-                    NativeRow{"keypad0", 90, Qt::Key_Insert, onKeypad, noNative, "", U'0'},
-                    NativeRow{"keypad1", 87, Qt::Key_End, onKeypad, noNative, "", U'1'},
-                    NativeRow{"keypad2", 88, Qt::Key_Down, onKeypad, noNative, "", U'2'},
-                    NativeRow{"keypad3", 89, Qt::Key_PageDown, onKeypad, noNative, "", U'3'},
-                    NativeRow{"keypad4", 83, Qt::Key_Left, onKeypad, noNative, "", U'4'},
-                    NativeRow{"keypad5", 84, Qt::Key_Clear, onKeypad, noNative, "", U'5'},
-                    NativeRow{"keypad6", 85, Qt::Key_Right, onKeypad, noNative, "", U'6'},
-                    NativeRow{"keypad7", 79, Qt::Key_Home, onKeypad, noNative, "", U'7'},
-                    NativeRow{"keypad8", 80, Qt::Key_Up, onKeypad, noNative, "", U'8'},
-                    NativeRow{"keypad9", 81, Qt::Key_PageUp, onKeypad, noNative, "", U'9'},
-                    NativeRow{"keypadWithShift", 87, Qt::Key_End, shift | onKeypad, nativeShift, "", U'1'},
-                    NativeRow{"keypad6OnWayland", 85, Qt::Key_Right, plain, noNative, "", U'6'},
-                    NativeRow{"keypad6WithControl", 85, Qt::Key_Right, Qt::ControlModifier | onKeypad,
-                              noNative, "", noCharacter},
-                    NativeRow{"keypadPlus", 86, Qt::Key_Plus, onKeypad, noNative, "+", U'+'},
-                    NativeRow{"keypadSeparator", 91, Qt::Key_Delete, onKeypad, noNative, "", noCharacter},
-                    NativeRow{"leftBesideTheKeypad", 113, Qt::Key_Left, plain, noNative, "", noCharacter}),
-    [](const auto& tested) { return tested.param.name; });
+/// Row by row, from the left, as they lie there.
+TEST(KeysOfTheKeypad, areDigitsWithoutNumLock) {
+  constexpr std::array keys{Qt::Key_Home,  Qt::Key_Up,  Qt::Key_PageUp, Qt::Key_Left,     Qt::Key_Clear,
+                            Qt::Key_Right, Qt::Key_End, Qt::Key_Down,   Qt::Key_PageDown, Qt::Key_Insert};
+  std::u32string typed;
+  for (const int key : keys)
+    typed += translateKey({QEvent::KeyPress, key, onKeypad})->character.value_or(U'-');
+  EXPECT_EQ(typed, U"7894561230");
+}
 
 TEST(KeysOfOtherPlatforms, haveNoDigitRow) {
-  const QKeyEvent press{QEvent::KeyPress, Qt::Key_Ampersand, plain, 10, 0, noNative, QStringLiteral("&")};
+  const QKeyEvent press{QEvent::KeyPress, Qt::Key_Ampersand, plain, 10, 0, 0, QStringLiteral("&")};
   EXPECT_EQ(nativeCodes(), NativeCodes::notKnown) << "these tests have a platform of their own";
-  EXPECT_EQ(translateKey(press), (KeyStroke{keyCode::other, U'&'}));
+  EXPECT_EQ(translateKey(press), types(U'&'));
+}
+
+// ---- Keys that zoom ----------------------------------------------------------------------------------
+
+using enum ZoomStep;
+
+struct ZoomRow {
+  const char* name;
+  int key;
+  Qt::KeyboardModifiers modifiers;
+  quint32 scanCode;
+  std::optional<ZoomStep> expected;
+};
+
+const ZoomRow zoomRows[]{
+    {"frenchPlus", Qt::Key_Plus, control | shift, 21, larger},
+    {"frenchMinus", Qt::Key_Minus, control, 15, smaller},
+    {"frenchZero", Qt::Key_Agrave, control, 19, normal},
+    {"frenchSix", Qt::Key_6, control | shift, 15, std::nullopt},
+    {"zero", Qt::Key_0, control, 0, normal},
+    {"keypadMinus", Qt::Key_Minus, control | onKeypad, 82, smaller},
+    {"keypadZeroWithoutNumLock", Qt::Key_Insert, control | onKeypad, 90, normal},
+    {"insert", Qt::Key_Insert, control, 118, std::nullopt},
+    {"zeroWithoutControl", Qt::Key_Agrave, plain, 19, std::nullopt},
+    {"altGr", Qt::Key_0, control | Qt::AltModifier, 19, std::nullopt},
+};
+
+TEST(ZoomKeys, areKnown) {
+  for (const auto& row : zoomRows)
+    EXPECT_EQ(zoomStep({QEvent::KeyPress, row.key, row.modifiers, row.scanCode, 0, 0}), row.expected)
+        << row.name;
+}
+
+TEST(Zoom, staysBetweenOneAndThree) {
+  Zoom zoom;
+  zoom.take(smaller);
+  EXPECT_EQ(zoom.factor(), 1);
+  for (int step = 0; step < 20; ++step)
+    zoom.take(larger);
+  EXPECT_EQ(zoom.factor(), 3);
+  zoom.take(smaller);
+  EXPECT_LT(zoom.factor(), 3);
+  zoom.take(normal);
+  EXPECT_EQ(zoom.factor(), 1);
+}
+
+// ---- Keys that are held down -------------------------------------------------------------------------
+
+using enum KeyRepeatFilter::Origin;
+using enum KeyRepeatFilter::Verdict;
+using enum ScreenName;
+
+constexpr KeyRepeatFilter::ScanCode enterKey = 36;
+constexpr KeyRepeatFilter::ScanCode spaceKey = 65;
+
+class KeyRepeat : public testing::Test {
+protected:
+  void SetUp() override { ASSERT_EQ(filter_.press(enterKey, 1000, hand, addition), counts); }
+
+  KeyRepeatFilter filter_;
+};
+
+TEST_F(KeyRepeat, countsOnTheScreenOfTheFreshPressOnly) {
+  EXPECT_EQ(filter_.press(enterKey, 1300, autoRepeat, addition), counts);
+  EXPECT_EQ(filter_.press(enterKey, 1330, autoRepeat, FIN), dropped);
+  EXPECT_EQ(filter_.press(enterKey, 1360, autoRepeat, FIN), dropped);
+  EXPECT_EQ(filter_.press(spaceKey, 1390, autoRepeat, addition), dropped) << "its fresh press was never seen";
+}
+
+TEST_F(KeyRepeat, isKnownByItsTimeWhenItIsNotMarked) {
+  filter_.release(enterKey, 1300, hand);
+  EXPECT_EQ(filter_.press(enterKey, 1301, hand, FIN), dropped);
+  filter_.release(enterKey, 1330, hand);
+  EXPECT_EQ(filter_.press(enterKey, 1330, hand, FIN), dropped);
+}
+
+TEST_F(KeyRepeat, endsWithTheRelease) {
+  filter_.release(enterKey, 1300, hand);
+  EXPECT_EQ(filter_.press(spaceKey, 1300, hand, FIN), counts) << "another key";
+  EXPECT_EQ(filter_.press(enterKey, 1302, hand, FIN), counts);
+  EXPECT_EQ(filter_.press(enterKey, 1600, autoRepeat, FIN), counts);
+}
+
+/// While a screen reader listens, Qt passes keys on without their times.
+TEST_F(KeyRepeat, isNotTakenForOneWithoutTimes) {
+  filter_.release(enterKey, KeyRepeatFilter::unknown, hand);
+  EXPECT_EQ(filter_.press(enterKey, KeyRepeatFilter::unknown, hand, FIN), counts);
+}
+
+TEST_F(KeyRepeat, isNoneAfterAMarkedRelease) {
+  filter_.release(enterKey, 1300, autoRepeat);
+  EXPECT_EQ(filter_.press(enterKey, 1300, hand, FIN), counts);
 }
 
 } // namespace

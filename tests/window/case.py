@@ -12,6 +12,7 @@ sys.path.insert(0, str(ROOT / "packaging" / "tour"))  # the learner who plays th
 from desktop import Desktop, Surroundings
 from learner import Learner
 from picture import Area
+from screens import Sheet
 
 
 def program() -> Path:
@@ -20,12 +21,11 @@ def program() -> Path:
     return Path(os.environ.get("CHIFFROLO", built)).absolute()
 
 
-def tens(number: int) -> int:
-    return number - units(number)
-
-
-def units(number: int) -> int:
-    return number % 10
+def answer_addition(learner: Learner) -> Sheet:
+    """Rightly, once it is seen."""
+    _, operation = learner.see_operation("addition")
+    learner.submit(operation.result)
+    return learner.see_bravo("addition")
 
 
 class WindowCase(unittest.TestCase):
@@ -34,9 +34,11 @@ class WindowCase(unittest.TestCase):
     surroundings = Surroundings
 
     def setUp(self) -> None:
-        self.desktop = Desktop(program(), self.surroundings)
-        self.addCleanup(self.desktop.close)
+        self.desktop = self.enterContext(Desktop(program(), self.surroundings))
         self.learner = Learner(self.desktop)
+
+    def answer_addition(self) -> Sheet:
+        return answer_addition(self.learner)
 
     def assert_near(self, found: Area | None, expected: Area, tolerance: int = 1) -> None:
         self.assertIsNotNone(found, f"nothing near {expected}")

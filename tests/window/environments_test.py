@@ -22,9 +22,7 @@ class Environment:
         self.learner.start()
         self.expect_to_fill_work_area()
         self.desktop.press("space")  # the first button has the focus
-        _, operation = self.learner.see_operation("addition")
-        self.learner.submit(operation.result)
-        self.learner.see_bravo("addition")
+        self.answer_addition()
         self.desktop.press("Escape")
         for screen in ("multiplication", "division"):
             self.learner.open(screen)

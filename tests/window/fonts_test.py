@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from case import program
+from case import answer_addition, program
 from desktop import Desktop
 from learner import Learner
 from reading import Ink, ink_of, split
@@ -49,9 +49,7 @@ class Fonts(unittest.TestCase):
         learner = Learner(self.desktop_with("Liberation*"))
         learner.start()
         learner.open("addition")
-        _, operation = learner.see_operation("addition")
-        learner.submit(operation.result)
-        learner.see_bravo("addition")
+        answer_addition(learner)
 
     def desktop_with(self, files: str) -> Desktop:
         """A desktop with no other fonts than those in the files of these names."""
@@ -62,9 +60,7 @@ class Fonts(unittest.TestCase):
             (self.folder / font.name).symlink_to(font)
         configuration = self.folder / "fonts.conf"
         configuration.write_text(CONFIGURATION.format(folder=self.folder), encoding="ascii")
-        desktop = Desktop(program(), settings={"FONTCONFIG_FILE": str(configuration)})
-        self.addCleanup(desktop.close)
-        return desktop
+        return self.enterContext(Desktop(program(), settings={"FONTCONFIG_FILE": str(configuration)}))
 
     def assert_readable(self, desktop: Desktop) -> None:
         """The name of the program, without serifs on the home screen and with serifs on the other one."""

@@ -8,7 +8,6 @@ import unittest
 from case import WindowCase
 from desktop import Display, Surroundings
 from learner import EXERCISES, Operation, read_line
-from picture import Area
 from reading import Unreadable
 from screens import BLUE, TITLES, Sheet
 from surroundings import Openbox
@@ -56,20 +55,12 @@ class ResizedDisplay:
 
         return self.learner.wait_for(f"{expected} on {width} x {height} pixels", is_there)
 
-
     def see_smaller(self, scale: float) -> None:
-        title = scaled(TITLES["addition"], scale)
-
         def is_there(sheet: Sheet) -> bool:
-            seen = sheet.title()
-            is_near = seen is not None and max(abs(one - other) for one, other in zip(seen, title)) <= 2
-            return is_near and sheet.has(BLUE, scaled(LINE, scale))
+            title = sheet.title()
+            return title is not None and abs(title.right - TITLES["addition"].right * scale) <= 2
 
         self.learner.wait_for(f"everything at {scale:.2f} of its size", is_there)
-
-
-def scaled(area: Area, scale: float) -> Area:
-    return Area(*(round(edge * scale) for edge in area))
 
 
 class WithoutWindowManager(ResizedDisplay, WindowCase):

@@ -11,10 +11,11 @@ import unittest
 
 from case import program
 from desktop import Desktop
-from learner import Learner
+from learner import Learner, read_stopwatch
 
 PRELOADED = {"LD_PRELOAD": str(program().parent / "libslept_an_hour.so")}
 HOUR = 3600  # seconds
+LIMIT = 32  # seconds
 AWAKE = 2.5  # seconds, long enough for ticks that came too early to show
 
 CLOCKS = ["CLOCK_REALTIME", "CLOCK_BOOTTIME", "CLOCK_MONOTONIC"]
@@ -37,50 +38,30 @@ class Clocks(unittest.TestCase):
             self.assertAlmostEqual(seconds, expected, delta=10)
 
 
-class OpenOperation:
-    """Of an exercise in a window of its own, since it was asked for."""
-
-    def __init__(self, desktop: Desktop, screen: str):
-        self.desktop = desktop
-        self.learner = Learner(desktop)
-        self.screen = screen
-        self.learner.start()
-        self.asked = time.monotonic()
-        self.learner.open(screen)
-        _, self.operation = self.learner.see_operation(screen)
-        self.seen = time.monotonic()
-
-    def wait(self, seconds: float) -> None:
-        """Until it has been open for so long."""
-        time.sleep(max(0.0, self.asked + seconds - time.monotonic()))
-
-
 class Sleep(unittest.TestCase):
-    def open(self, screen: str) -> OpenOperation:
-        desktop = Desktop(program(), settings=PRELOADED)
-        self.addCleanup(desktop.close)
-        return OpenOperation(desktop, screen)
-
     def test_in_mid_operation(self) -> None:
-        addition, challenge = self.open("addition"), self.open("record")
-        _, seconds = challenge.learner.see_stopwatch()
+        """In a challenge, whose stopwatch goes on, and whose limit strikes neither before its time nor much later."""
+        desktop = self.enterContext(Desktop(program(), settings=PRELOADED))
+        learner = Learner(desktop)
+        learner.start()
+        asked = time.monotonic()
+        learner.open("record")
+        _, operation = learner.see_operation("record")
+        seen = time.monotonic()
+        _, seconds = learner.see_stopwatch()
         before = time.monotonic()
-        for opened in (addition, challenge):
-            opened.desktop.program.send(signal.SIGUSR1)
+        desktop.program.send(signal.SIGUSR1)
         time.sleep(AWAKE)
-        _, later = challenge.learner.see_stopwatch()
+        _, later = learner.see_stopwatch()
         self.assertAlmostEqual(later - seconds, time.monotonic() - before, delta=1.5)
-        self.assert_limit(addition, 30)
-        self.assert_limit(challenge, 32)
 
-    def assert_limit(self, opened: OpenOperation, seconds: int) -> None:
-        """It strikes neither before nor much later."""
-        opened.wait(seconds - 2)
-        self.assertEqual(opened.learner.see_operation(opened.screen)[1], opened.operation)
-        opened.learner.wait_for("the limit", lambda sheet: sheet.shows_arrow(opened.screen))
+        time.sleep(max(0.0, asked + LIMIT - 2 - time.monotonic()))
+        self.assertEqual(learner.see_operation("record")[1], operation)
+        sheet = learner.wait_for("the limit", lambda sheet: sheet.shows_arrow("record"))
         struck = time.monotonic()
-        self.assertGreaterEqual(struck - opened.asked, seconds)
-        self.assertLess(struck - opened.seen, seconds + 2)
+        self.assertGreaterEqual(struck - asked, LIMIT)
+        self.assertLess(struck - seen, LIMIT + 2)
+        self.assertAlmostEqual(read_stopwatch(sheet), LIMIT, delta=1)
 
 
 if __name__ == "__main__":
