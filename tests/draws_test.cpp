@@ -110,28 +110,10 @@ TEST_P(Draws, divisions) {
   EXPECT_TRUE(looksUniform(divisors, 4));
 }
 
-TEST(LongDivisionDigits, areThoseOfTheWrittenDivision) {
-  struct Case {
-    int quotient, divisor;
-    const char *dividendDigits, *remainders, *broughtDown;
-  };
-  // 37 : 6 is 6 remainder 1, 12 : 6 is 2; 12 : 2, 3 : 2, 14 : 2; 80 : 8, 0 : 8, 8 : 8.
-  const std::array cases{Case{62, 6, "372", "10", "2"}, Case{24, 2, "48", "00", "8"},
-                         Case{617, 2, "1234", "010", "34"}, Case{101, 8, "808", "000", "08"},
-                         Case{999, 9, "8991", "880", "91"}};
-  for (const auto& [quotient, divisor, dividendDigits, remainders, broughtDown] : cases) {
-    const LongDivision division(quotient, divisor);
-    std::string dividend, rests, down;
-    for (int index = 1; index <= division.dividendDigits(); ++index)
-      dividend += division.dividendDigit(index);
-    for (int index = 1; index <= division.quotientDigits(); ++index)
-      rests += division.remainder(index);
-    for (int index = 1; index < division.quotientDigits(); ++index)
-      down += division.broughtDown(index);
-    EXPECT_EQ(dividend, dividendDigits);
-    EXPECT_EQ(rests, remainders) << quotient << " x " << divisor;
-    EXPECT_EQ(down, broughtDown);
-  }
+TEST(LongDivisionDigits, endWhereTheNumberEnds) {
+  const LongDivision division(62, 6);
+  for (const int beyond : {0, -1, 3, 32767})
+    EXPECT_EQ(division.quotientDigit(beyond), "") << beyond;
 }
 
 } // namespace

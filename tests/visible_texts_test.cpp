@@ -104,6 +104,12 @@ TEST_F(OnASurface, linesAreReadFromTheTopAndTextsFromTheLeft) {
   EXPECT_EQ(texts[0].place.height, 11.25F);
 }
 
+TEST_F(OnASurface, anotherGroundMakesAnotherText) {
+  surface.Line({120, 90}, {200, 130}, QBColor(11), Form::filledBox);
+  print(112, 100, "42 FAUX");
+  EXPECT_EQ(reads(), "42 | FAUX");
+}
+
 // ---- The drawing operations --------------------------------------------------------------------------
 
 TEST_F(OnASurface, printMovesOnAsItsSeparatorSays) {

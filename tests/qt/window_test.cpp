@@ -315,6 +315,7 @@ TEST_F(ZoomedFrontEnd, isNotCarriedAwayByAClock) {
   };
   ticking(Switch::on);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }));
+  passTime();
   EXPECT_EQ(seen(blueDot), QRect());
   program_.react = [this] {
     drawBoxAt({600, 381});
