@@ -106,6 +106,12 @@ class Contents(unittest.TestCase):
     def unzipped(self, path: str) -> str:
         return gzip.decompress((self.unpacked / path).read_bytes()).decode()
 
+    def test_zipped_the_same_each_time(self) -> None:
+        """A gzip header holds a date in its bytes 4 to 7; its flag 8 says that a name follows."""
+        for path in (path for path in FILES if path.endswith(".gz")):
+            header = (self.unpacked / path).read_bytes()[:10]
+            self.assertEqual((header[3], header[4:8]), (0, bytes(4)), path)
+
     def test_icons_are_what_their_source_draws(self) -> None:
         """Another version of the renderer may place the edges of shapes a little differently."""
         drawn = Path(self.enterContext(tempfile.TemporaryDirectory())) / "drawn"
