@@ -20,12 +20,9 @@ def package() -> Path:
 
 def field(name: str) -> str:
     """Of the package's description of itself."""
-    return output("dpkg-deb", "--field", package(), name).strip()
+    command = ["dpkg-deb", "--field", package(), name]
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout.strip()
 
 
 def unpack(folder: Path) -> None:
     subprocess.run(["dpkg-deb", "--extract", package(), folder], check=True)
-
-
-def output(*command: str | Path) -> str:
-    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout

@@ -1,13 +1,15 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""The pictures in `assets` are what their sources draw."""
+"""The pictures in `assets` and the icons of the package are what their sources draw."""
 
 import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
-ASSETS = Path(__file__).resolve().parents[2] / "assets"
+ROOT = Path(__file__).resolve().parents[2]
+ASSETS = ROOT / "assets"
+ICONS = ROOT / "packaging" / "icons"
 
 
 class Pictures(unittest.TestCase):
@@ -16,9 +18,10 @@ class Pictures(unittest.TestCase):
         cls.scratch = Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         cls.drawn = cls.scratch / "drawn"
         subprocess.run([ASSETS / "draw", cls.drawn], check=True)
+        subprocess.run([ICONS / "draw", cls.drawn], check=True)
 
     def test_each_picture_is_drawn_again(self) -> None:
-        kept = {path.name for path in ASSETS.iterdir() if path.suffix in (".png", ".jpg")}
+        kept = {path.name for folder in (ASSETS, ICONS) for path in folder.glob("*.[pj][np]g")}
         self.assertEqual({path.name for path in self.drawn.iterdir()}, kept)
 
     def test_drawings_are_alike(self) -> None:
@@ -27,11 +30,13 @@ class Pictures(unittest.TestCase):
         self.assertEqual(self.different_pixels("arret.png"), 0)
         self.assertLess(self.different_pixels("chiffrolo.png", "5%"), 300 * 300 * 0.005)
         self.assertLess(self.different_pixels("aurevoir.jpg", "10%"), 30 * 30 * 0.02)
-        for name, side in (("fleche-grande", 192), ("arret-grand", 192), ("aurevoir-grand", 180)):
+        for name, side in (("fleche-grande", 192), ("arret-grand", 192), ("aurevoir-grand", 180),
+                           ("48x48", 48), ("128x128", 128), ("256x256", 256)):
             self.assertLess(self.different_pixels(f"{name}.png", "5%"), side * side * 0.005, name)
 
     def different_pixels(self, name: str, tolerance: str = "0%") -> int:
-        kept = self.without_transparency(ASSETS / name, "kept.ppm")
+        folder = ICONS if (ICONS / name).exists() else ASSETS
+        kept = self.without_transparency(folder / name, "kept.ppm")
         drawn = self.without_transparency(self.drawn / name, "drawn.ppm")
         command = ["compare", "-metric", "AE", "-fuzz", tolerance, kept, drawn, "null:"]
         result = subprocess.run(command, stderr=subprocess.PIPE, text=True)
