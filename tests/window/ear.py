@@ -3,6 +3,7 @@
 
 import time
 from collections.abc import Callable
+from typing import TypeVar
 
 import pyatspi
 from gi.repository import GLib
@@ -10,6 +11,7 @@ from gi.repository import GLib
 from desktop import PATIENCE, NotSeen
 
 APPEARED = "object:state-changed:showing"
+Found = TypeVar("Found")
 
 
 class Ear:
@@ -28,27 +30,20 @@ class Ear:
 
     # ---- Announcements ------------------------------------------------------------------------------------
 
-    def forget(self) -> None:
-        """What was said so far is no longer waited for."""
-        self._take_in()
-        self._heard.clear()
-
     def hear(self, what: str, fits: Callable[[str], object]) -> str:
         """Waits for an announcement; those before it are missed."""
-        found: list[str] = []
+        said: list[str] = []
 
         def is_said() -> bool:
             self._take_in()
-            while self._heard and not found:
-                said = self._heard.pop(0)
-                missed.append(said)
-                if fits(said):
-                    found.append(said)
-            return bool(found)
+            while self._heard:
+                said.append(self._heard.pop(0))
+                if fits(said[-1]):
+                    return True
+            return False
 
-        missed: list[str] = []
-        _wait_until(is_said, lambda: f"{what} was not said, but: {missed}")
-        return found[0]
+        _wait_until(is_said, lambda: f"{what} was not said, but: {said}")
+        return said[-1]
 
     @staticmethod
     def _take_in() -> None:
@@ -60,15 +55,12 @@ class Ear:
 
     def screen(self, name: str) -> pyatspi.Accessible:
         """Waits until the screen of that name is the one that is seen."""
-        found: list[pyatspi.Accessible] = []
 
-        def is_seen() -> bool:
+        def seen() -> list[pyatspi.Accessible]:
             self._take_in()
-            found[:] = [page for page in self._pages() if page.name == name and is_showing(page)]
-            return bool(found)
+            return [page for page in self._pages() if page.name == name and is_showing(page)]
 
-        _wait_until(is_seen, lambda: f"no screen {name} but {[page.name for page in self._pages()]}")
-        return found[0]
+        return _wait_until(seen, lambda: f"no screen {name} but {[page.name for page in self._pages()]}")[0]
 
     def texts(self, screen: str) -> list[str]:
         """What is written on the surface of a screen, from the top."""
@@ -99,9 +91,10 @@ def is_showing(element: pyatspi.Accessible) -> bool:
     return element.getState().contains(pyatspi.STATE_SHOWING)
 
 
-def _wait_until(condition: Callable[[], bool], complaint: Callable[[], str]) -> None:
+def _wait_until(look: Callable[[], Found], complaint: Callable[[], str]) -> Found:
     end = time.monotonic() + PATIENCE
-    while not condition():
+    while not (found := look()):
         if time.monotonic() > end:
             raise NotSeen(complaint())
         time.sleep(0.01)
+    return found

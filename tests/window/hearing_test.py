@@ -91,33 +91,6 @@ class Hearing(unittest.TestCase):
         self.press("Return")
         self.leave()
 
-    def test_long_division(self) -> None:
-        """A wrong answer, then a right guess and a wrong one in turn."""
-        operation = self.open("divisions", "Divisions")
-        self.press("1", "Return")
-        self.ear.hear("FAUX", lambda words: words.endswith("égale 1. FAUX"))
-        self.press("space")
-        dividend = " ".join(str(operation.left))
-        self.ear.hear("the layout", lambda words: words == f"correction. {dividend}. {operation.right}")
-        for right, key in self.guesses(operation):
-            self.press(str(key))
-            verdict = "juste" if right == key else "faux"
-            said = self.ear.hear("the verdict", lambda words: words.startswith(f"{verdict} : {right}"))
-            self.assertIn(f"{verdict} : {right}", " ".join(self.ear.texts("Divisions")))
-        self.assertIn("Score égale 0", said)
-
-    @staticmethod
-    def guesses(operation: Operation) -> list[tuple[int, int]]:
-        """The digits of the quotient, each with its remainder, and the key for each: every third one is wrong."""
-        digits = []
-        remainder = 0
-        for digit in str(operation.left):
-            part = 10 * remainder + int(digit)
-            remainder = part % operation.right
-            if digits or part >= operation.right:
-                digits += [part // operation.right, remainder]
-        return [(digit, digit if number % 3 else (digit + 1) % 10) for number, digit in enumerate(digits)]
-
     # ---- What the child does --------------------------------------------------------------------------------
 
     def press(self, *keys: str) -> None:

@@ -23,65 +23,61 @@ KEYPAD = codes(79, "789") | codes(83, "456") | codes(87, "1230")
 SHIFT, ALT_GR, CAPS_LOCK, NUM_LOCK = "50", "108", "66", "77"
 
 
-class Key(NamedTuple):
-    code: str
-    shifted: bool = False
-
-
 class Layout(NamedTuple):
     name: str
     variant: str
     digits_need_shift: bool  # to be typed as such, as these keyboards have been designed
-    equals: Key
+    equals: str
+    equals_needs_shift: bool = False
 
 
 BEHIND_ZERO, SECOND_BEHIND_ZERO, BEFORE_RIGHT_SHIFT = "20", "21", "61"
 
-FRENCH = Layout("fr", "", True, Key(SECOND_BEHIND_ZERO))
+FRENCH = Layout("fr", "", True, SECOND_BEHIND_ZERO)
 LAYOUTS = [
     FRENCH,
-    Layout("fr", "bepo", True, Key(BEHIND_ZERO)),
-    Layout("fr", "afnor", True, Key(BEFORE_RIGHT_SHIFT, shifted=True)),
-    Layout("be", "", True, Key(BEFORE_RIGHT_SHIFT)),
-    Layout("ch", "fr", False, Key(DIGIT_ROW["0"], shifted=True)),
-    Layout("ca", "", False, Key(SECOND_BEHIND_ZERO)),
-    Layout("us", "", False, Key(SECOND_BEHIND_ZERO)),
+    Layout("fr", "bepo", True, BEHIND_ZERO),
+    Layout("fr", "afnor", True, BEFORE_RIGHT_SHIFT, equals_needs_shift=True),
+    Layout("be", "", True, BEFORE_RIGHT_SHIFT),
+    Layout("ch", "fr", False, DIGIT_ROW["0"], equals_needs_shift=True),
+    Layout("ca", "", False, SECOND_BEHIND_ZERO),
+    Layout("us", "", False, SECOND_BEHIND_ZERO),
 ]
 
 
 class KeyboardCase(WindowCase):
     """Plays additions; whatever the rest of a layout is, Escape and Right are where they always are."""
 
-    def answer(self, keys: dict[str, str], equals: Key, modifier: str | None = None) -> None:
-        """The operation that is open, with the keys of its digits, while the modifier is held down."""
+    def answer(self, keys: dict[str, str], layout: Layout, with_shift: bool = False) -> None:
+        """The operation that is open, with the keys of its digits."""
         _, operation = self.learner.see_operation("addition")
-        self.press([keys[digit] for digit in str(operation.result)], modifier)
-        self.press([equals.code], SHIFT if equals.shifted else None)
+        self.press(with_shift, *(keys[digit] for digit in str(operation.result)))
+        self.press(layout.equals_needs_shift, layout.equals)
         self.learner.see_bravo("addition")
         self.desktop.press("Right")
 
-    def press(self, keys: list[str], modifier: str | None) -> None:
-        if modifier is None:
-            self.desktop.press(*keys)
+    def press(self, with_shift: bool, *keys: str) -> None:
+        if with_shift:
+            self.desktop.press_with(SHIFT, *keys)
         else:
-            self.desktop.press_with(modifier, *keys)
+            self.desktop.press(*keys)
 
     def answer_in_all_ways(self, layout: Layout) -> None:
-        self.answer(DIGIT_ROW, layout.equals)
+        self.answer(DIGIT_ROW, layout)
         if layout.digits_need_shift:
-            self.answer(DIGIT_ROW, layout.equals, SHIFT)
-        self.answer(KEYPAD, layout.equals)
-        self.answer_with_lock(NUM_LOCK, KEYPAD, layout.equals)
+            self.answer(DIGIT_ROW, layout, with_shift=True)
+        self.answer(KEYPAD, layout)
+        self.answer_with_lock(NUM_LOCK, KEYPAD, layout)
 
     def answer_after_signs_of_alt_gr(self) -> None:
         """On a French keyboard. They are no part of an answer."""
         self.learner.see_operation("addition")
         self.desktop.press_with(ALT_GR, *DIGIT_ROW.values())
-        self.answer(DIGIT_ROW, FRENCH.equals)
+        self.answer(DIGIT_ROW, FRENCH)
 
-    def answer_with_lock(self, lock: str, keys: dict[str, str], equals: Key) -> None:
+    def answer_with_lock(self, lock: str, keys: dict[str, str], layout: Layout) -> None:
         self.desktop.press(lock)
-        self.answer(keys, equals)
+        self.answer(keys, layout)
         self.desktop.press(lock)
 
 
@@ -101,7 +97,7 @@ class OnX11(KeyboardCase):
         self.desktop.display.set_layout("fr")
         self.learner.start()
         self.learner.open("addition")
-        self.answer_with_lock(CAPS_LOCK, DIGIT_ROW, FRENCH.equals)
+        self.answer_with_lock(CAPS_LOCK, DIGIT_ROW, FRENCH)
         self.answer_after_signs_of_alt_gr()
 
 

@@ -22,7 +22,7 @@ CLOCKS = ["CLOCK_REALTIME", "CLOCK_BOOTTIME", "CLOCK_MONOTONIC"]
 SLEEPER = f"""
 import json, os, signal, time
 def clocks():
-    return [time.clock_gettime(getattr(time, name)) for name in {CLOCKS}] + [time.time()]
+    return [time.clock_gettime(getattr(time, name)) for name in {CLOCKS}]
 before = clocks()
 os.kill(os.getpid(), signal.SIGUSR1)
 print(json.dumps([after - earlier for after, earlier in zip(clocks(), before)]))
@@ -34,7 +34,7 @@ class Clocks(unittest.TestCase):
         """Otherwise the other tests would prove nothing."""
         command = [sys.executable, "-c", SLEEPER]
         said = subprocess.run(command, env=PRELOADED, stdout=subprocess.PIPE, check=True).stdout
-        for seconds, expected in zip(json.loads(said), [HOUR, HOUR, 0, HOUR], strict=True):
+        for seconds, expected in zip(json.loads(said), [HOUR, HOUR, 0], strict=True):
             self.assertAlmostEqual(seconds, expected, delta=10)
 
 

@@ -22,15 +22,7 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 void sleepAnHour(int /*signal*/) { hasSlept = true; }
 
 bool goesOnInSleep(clockid_t clock) {
-  switch (clock) {
-  case CLOCK_REALTIME:
-  case CLOCK_REALTIME_COARSE:
-  case CLOCK_REALTIME_ALARM:
-  case CLOCK_BOOTTIME:
-  case CLOCK_BOOTTIME_ALARM:
-  case CLOCK_TAI: return true;
-  default: return false;
-  }
+  return clock == CLOCK_REALTIME || clock == CLOCK_REALTIME_COARSE || clock == CLOCK_BOOTTIME;
 }
 
 [[gnu::constructor]] void listen() {
@@ -55,12 +47,5 @@ int gettimeofday(timeval* time, void* /*zone*/) noexcept {
   const int result = clock_gettime(CLOCK_REALTIME, &now);
   *time = {now.tv_sec, now.tv_nsec / 1000};
   return result;
-}
-
-time_t time(time_t* copy) noexcept {
-  timespec now{};
-  clock_gettime(CLOCK_REALTIME, &now);
-  if (copy != nullptr) *copy = now.tv_sec;
-  return now.tv_sec;
 }
 }

@@ -49,18 +49,15 @@ class Panel:
         self._button.change_property(self._atom(name), kind, 32, values)
 
 
-class Scratch:
-    """A home and a place for sockets of its own, so that no one's settings count."""
+class Scratch(tempfile.TemporaryDirectory):
+    """A home and a place for sockets of its own, readable to its owner alone, so that no one's settings count."""
 
     def __init__(self) -> None:
-        self._folder = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)  # readable to its owner alone
-        self.path = Path(self._folder.name)
+        super().__init__(ignore_cleanup_errors=True)
+        self.path = Path(self.name)
 
     def variables(self) -> dict[str, str]:
-        return {"HOME": str(self.path), "XDG_RUNTIME_DIR": str(self.path)}
-
-    def close(self) -> None:
-        self._folder.cleanup()
+        return {"HOME": self.name, "XDG_RUNTIME_DIR": self.name}
 
 
 class Managed(Surroundings):
@@ -96,7 +93,7 @@ class Managed(Surroundings):
             self._manager.wait(5)
         except subprocess.TimeoutExpired:
             end_process(self._manager)
-        self._scratch.close()
+        self._scratch.cleanup()
 
 
 class Openbox(Managed):
@@ -180,7 +177,7 @@ locking=false
 
     def close(self) -> None:
         end_process(self._compositor)
-        self._scratch.close()
+        self._scratch.cleanup()
 
 
 class WestonWithoutScreen(Weston):
