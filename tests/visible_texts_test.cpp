@@ -33,8 +33,7 @@ protected:
     return all;
   }
 
-  std::string transcript;
-  RecordingPlatform platform{[this](std::string_view line) { transcript += std::string(line) + "\n"; }};
+  RecordingPlatform platform{{}};
   FakeProgram events;
   Surface surface{platform.createWindow(layoutOf(ScreenName::addition), events),
                   layoutOf(ScreenName::addition)};
@@ -108,21 +107,6 @@ TEST_F(OnASurface, anotherGroundMakesAnotherText) {
   surface.Line({120, 90}, {200, 130}, QBColor(11), Form::filledBox);
   print(112, 100, "42 FAUX");
   EXPECT_EQ(reads(), "42 | FAUX");
-}
-
-// ---- The drawing operations --------------------------------------------------------------------------
-
-TEST_F(OnASurface, printMovesOnAsItsSeparatorSays) {
-  surface.Print(Integer(7), Then::sameLine);
-  surface.Print(Integer(-8), Then::newLine);
-  surface.Print("é", Then::nextZone);
-  surface.Print("", Then::nextZone);
-  EXPECT_EQ(transcript, "load addition\n"
-                        "addition text 0 0 \"Times New Roman\" 9 #000080 \" 7 \"\n"
-                        "addition text 15 0 \"Times New Roman\" 9 #000080 \"-8 \"\n"
-                        "addition text 0 11.25 \"Times New Roman\" 9 #000080 \"é\"\n");
-  EXPECT_EQ(surface.CurrentX, 140) << "two zones of 14 characters, each 5 points wide";
-  EXPECT_EQ(surface.CurrentY, 11.25F);
 }
 
 } // namespace

@@ -50,7 +50,6 @@ const Row rows[]{
     {"delete", Qt::Key_Delete, plain, "\177", typesNothing},
     {"shiftAlone", Qt::Key_Shift, shift, "", std::nullopt},
     {"altGrAlone", Qt::Key_AltGr, plain, "", std::nullopt},
-    {"metaAlone", Qt::Key_Meta, Qt::MetaModifier, "", std::nullopt},
     {"capsLockAlone", Qt::Key_CapsLock, plain, "", std::nullopt},
     {"firstOfTheRow", Qt::Key_Ampersand, plain, "&", types(U'1'), 10},
     {"lastOfTheRow", Qt::Key_Agrave, plain, "à", types(U'0'), 19},

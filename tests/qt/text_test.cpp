@@ -69,15 +69,6 @@ TEST(Captions, areSetSmallerUntilTheyFit) {
       << "wrapped between its words";
 }
 
-TEST(FontCache, makesEachFontOnce) {
-  FontCache fonts;
-  const auto* const regular = &fonts.face({"Times", 28});
-  EXPECT_NE(&fonts.face({"Times", 28, bold}), regular);
-  EXPECT_NE(&fonts.face({"Times", 27}), regular);
-  EXPECT_NE(&fonts.face({"Arial", 28}), regular);
-  EXPECT_EQ(&fonts.face({std::string("Times"), 28}), regular);
-}
-
 } // namespace
 
 } // namespace chiffrolo::qt
