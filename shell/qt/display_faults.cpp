@@ -73,4 +73,11 @@ std::unique_ptr<QApplication> openDisplay(int& argc, char** argv) {
   return std::make_unique<QApplication>(argc, argv);
 }
 
+/// Wayland: Qt 6.4 may wait for ever for its own thread, which waits for it, and the process would stay
+/// behind.
+void closeDisplay(std::unique_ptr<QApplication> application, int status) {
+  if (QApplication::platformName().startsWith(QLatin1StringView{"wayland"})) std::_Exit(status);
+  application.reset();
+}
+
 } // namespace chiffrolo::qt

@@ -11,4 +11,8 @@ namespace chiffrolo::qt {
 /// standard error and status 1. `argc` outlives the application.
 std::unique_ptr<QApplication> openDisplay(int& argc, char** argv);
 
+/// Lets go of the display, once all windows are destroyed. Where that might take for ever, the process ends
+/// here and now, with `status`.
+void closeDisplay(std::unique_ptr<QApplication> application, int status);
+
 } // namespace chiffrolo::qt

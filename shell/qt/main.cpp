@@ -3,12 +3,25 @@
 #include "shell/qt/display_faults.h"
 #include "shell/qt/qt_platform.h"
 
-int main(int argc, char* argv[]) {
-  QApplication::setApplicationName(QStringLiteral("Chiffrolo"));
-  QApplication::setDesktopFileName(QStringLiteral("org.chiffrolo.Chiffrolo"));
-  const auto application = chiffrolo::qt::openDisplay(argc, argv);
+#include <utility>
+
+namespace {
+
+/// Returns the status with which the event loop ended.
+int play() {
   chiffrolo::qt::QtPlatform platform;
   chiffrolo::Program program{platform};
   program.start();
   return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+  QApplication::setApplicationName(QStringLiteral("Chiffrolo"));
+  QApplication::setDesktopFileName(QStringLiteral("org.chiffrolo.Chiffrolo"));
+  auto application = chiffrolo::qt::openDisplay(argc, argv);
+  const int status = play();
+  chiffrolo::qt::closeDisplay(std::move(application), status);
+  return status;
 }

@@ -7,7 +7,7 @@ import signal
 import unittest
 
 from case import WindowCase, program
-from desktop import Desktop, NotSeen, Surroundings, wait_until
+from desktop import Desktop, Surroundings, wait_until
 from learner import Learner
 from picture import Area
 from screens import WHITE, Sheet
@@ -35,18 +35,8 @@ class Environment:
         self.desktop.press("Return")
         self.learner.see("accueil")
         self.desktop.press("Escape")
-        self.leave()
+        self.learner.click_arrow("Aurevoir")
         self.assert_ended_well()
-
-    def leave(self) -> None:
-        """Under load, a compositor within another display now and then loses a click."""
-        for _ in range(3):
-            self.learner.click_arrow("Aurevoir")
-            try:
-                self.desktop.program.exit_status(5)
-                return
-            except NotSeen:
-                continue
 
     def expect_to_fill_work_area(self) -> None:
         """With the picture that it shows on a whole display, as far as there is room for it."""
