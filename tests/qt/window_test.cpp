@@ -370,7 +370,7 @@ using Palette = std::pair<QColor, QColor>;
 class Theme : public testing::WithParamInterface<Palette> {
 protected:
   Theme() { QApplication::setPalette({GetParam().first, GetParam().second}); }
-  ~Theme() { QApplication::setPalette(usual_); }
+  ~Theme() override { QApplication::setPalette(usual_); }
 
 private:
   QPalette usual_ = QApplication::palette();

@@ -7,34 +7,24 @@ Needs a session bus of its own: `dbus-run-session -- hearing_test.py`.
 
 import re
 import unittest
-from operator import add, floordiv, mul, sub
-from typing import NamedTuple
 
 from case import program
 from desktop import Display, Program
 from ear import Ear
+from learner import Operation
 
 OPERATION = re.compile(r"(\d[\d ]*) (plus|moins|fois|divisé par) (\d+) égale \?")
-RESULTS = {"plus": add, "moins": sub, "fois": mul, "divisé par": floordiv}
+SIGNS = {"plus": "+", "moins": "-", "fois": "x", "divisé par": ":"}
 
 OBJECTIVE = 10
 OPERATIONS_OF_CHALLENGE = 20
 
 
-class Operation(NamedTuple):
-    left: int
-    sign: str
-    right: int
-
-    @classmethod
-    def of(cls, said: str) -> "Operation":
-        found = OPERATION.search(said)
-        assert found is not None, said
-        return cls(int(found[1].replace(" ", "")), found[2], int(found[3]))
-
-    @property
-    def result(self) -> int:
-        return RESULTS[self.sign](self.left, self.right)
+def heard(said: str) -> Operation:
+    """The operation in what was said."""
+    found = OPERATION.search(said)
+    assert found is not None, said
+    return Operation(int(found[1].replace(" ", "")), SIGNS[found[2]], int(found[3]))
 
 
 class Hearing(unittest.TestCase):
@@ -81,7 +71,7 @@ class Hearing(unittest.TestCase):
             self.press("Right")
             said = self.ear.hear("what follows", lambda words: OPERATION.search(words) or "Résultats" in words)
             if "Résultats" not in said:
-                operation = Operation.of(said)
+                operation = heard(said)
         self.assertRegex(said, r"Résultats\. \d+ secondes?\. Opérations")
         self.assertTrue(said.endswith("Total. 20. 20. 100 pour cent"), said)
         kinds = ("additions", "soustractions", "multiplications", "divisions")
@@ -102,8 +92,8 @@ class Hearing(unittest.TestCase):
 
     def hear_operation(self, screen: str) -> Operation:
         """It is announced, and can be read again."""
-        operation = Operation.of(self.ear.hear("an operation", OPERATION.search))
-        self.assertEqual(Operation.of(" | ".join(self.ear.texts(screen))), operation)
+        operation = heard(self.ear.hear("an operation", OPERATION.search))
+        self.assertEqual(heard(" | ".join(self.ear.texts(screen))), operation)
         return operation
 
     def type_and_hear(self, screen: str, number: int) -> None:
