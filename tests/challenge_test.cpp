@@ -47,6 +47,8 @@ TEST_P(ChallengeNavigation, moves) {
 
 #define TO_RESULTS "load FIN2, unload record, activate FIN2"
 ROWS(ChallengeNavigation, {"escape", "key Escape", TO_RESULTS},
+     {"escapeWhileWaiting", "key 9\nkey =\nkey Escape", TO_RESULTS},
+     {"stopSign", "key 6\nkey 7\nkey =\nclick arret", TO_RESULTS},
      {"twentiethAnswer", "set nbOperations 19\nkey 6\nkey 7\nkey =\nkey Enter", TO_RESULTS},
      {"homeByRight", "key Escape\nkey Right", TO_RESULTS ", activate accueil, unload FIN2"},
      {"homeByEnter", "key Escape\nkey Enter", TO_RESULTS ", activate accueil, unload FIN2"},

@@ -18,6 +18,7 @@ public:
   void goOn() {
     bringToFront();
     Cls();
+    Print("47", Then::nextZone);
     Print("35", Then::newLine);
     Line({1, 2}, {3, 4}, ForeColor, Form::filledBox);
     Line({1, 2}, {3, 4});
