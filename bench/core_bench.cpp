@@ -3,8 +3,8 @@
 /// How many key presses a second the program itself takes, on the recording platform with its transcript
 /// switched off, and how many bytes its memory has grown by after them.
 
-#include "shell/program.h"
-#include "shell/recording/recording_platform.h"
+#include "recording/recording_platform.h"
+#include "screens.h"
 
 #include <benchmark/benchmark.h>
 
@@ -36,7 +36,7 @@ public:
 
 private:
   RecordingPlatform platform_{{}};
-  Program program_{platform_};
+  Program program_{platform_, allScreens};
 };
 
 void keyPresses(benchmark::State& state, ScreenName screen) {

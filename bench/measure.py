@@ -18,7 +18,7 @@ from statistics import median
 from typing import NamedTuple
 
 BENCH = Path(__file__).resolve().parent
-sys.path.insert(0, str(BENCH.parent / "packaging" / "tour"))  # its learner finds the way to each screen
+sys.path.insert(0, str(BENCH.parent / "tour"))  # its learner finds the way to each screen
 
 from desktop import Desktop, Display, end_process
 from learner import Learner

@@ -14,7 +14,7 @@ from pathlib import Path
 
 DOCS = Path(__file__).resolve().parent
 ROOT = DOCS.parent
-TOUR = ROOT / "packaging" / "tour"
+TOUR = ROOT / "tour"
 sys.path.insert(0, str(TOUR))
 
 from picture import Area, Picture

@@ -5,8 +5,8 @@
 /// - a line that is refused must have done nothing, and what was said is not said again;
 /// - the same scenario without the refused lines, and with nobody listening, must give the same transcript.
 
-#include "shell/recording/player.h"
-#include "shell/utf8.h"
+#include "recording/player.h"
+#include "screen/utf8.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -44,8 +44,8 @@ Lines linesOf(std::string_view scenario) {
 }
 
 void listen(Program& program) {
-  expectText(program.takeNews());
-  expect(program.takeNews().empty(), "said twice", "");
+  expectText(program.takeAnnouncement());
+  expect(program.takeAnnouncement().empty(), "said twice", "");
 }
 
 void readAloud(const Program& program) {

@@ -65,21 +65,21 @@ TEST_F(ScreenReader, seesTextsComeChangeAndGo) {
 
 TEST_F(ScreenReader, isToldTheNewsByANotification) {
   EXPECT_TRUE(notification().state().invisible) << "nothing to say yet";
-  program_.news = "Bravo";
+  program_.announcement = "Bravo";
   pressKey();
   pressKey();
   EXPECT_EQ(notification().text(QAccessible::Name), "Bravo");
   EXPECT_FALSE(notification().state().invisible);
-  program_.news = "trop tard";
+  program_.announcement = "trop tard";
   ticking(Switch::on);
   EXPECT_TRUE(QTest::qWaitFor([&] { return notification().text(QAccessible::Name) == "trop tard"; }));
 }
 
 TEST_F(ScreenReader, isNotServedUnlessItListens) {
   QAccessible::setActive(false);
-  program_.news = "Bravo";
+  program_.announcement = "Bravo";
   pressKey();
-  EXPECT_EQ(program_.news, "Bravo") << "not even asked for";
+  EXPECT_EQ(program_.announcement, "Bravo") << "not even asked for";
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "shell/qt/qt_platform.h"
-#include "tests/fake_program.h"
-#include "tests/qt/dots.h"
+#include "qt/qt_platform.h"
+#include "tests/core/fake_program.h"
+#include "tests/qt/images.h"
 
 #include <QTest>
 #include <QWheelEvent>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "shell/platform.h"
-#include "shell/qt/key_repeat.h"
-#include "shell/qt/keys.h"
-#include "shell/qt/zoom.h"
+#include "platform.h"
+#include "qt/key_repeat.h"
+#include "qt/keys.h"
+#include "qt/zoom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/qt/fonts.h"
+#include "qt/fonts.h"
 
 #include <QApplication>
 #include <QTemporaryFile>

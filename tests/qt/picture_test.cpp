@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "shell/qt/drawing_surface.h"
-#include "tests/qt/dots.h"
+#include "qt/drawing_surface.h"
+#include "tests/qt/images.h"
 
 #include <QPainter>
 #include <QScreen>

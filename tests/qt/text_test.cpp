@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "shell/layouts.h"
-#include "shell/qt/fonts.h"
-#include "shell/qt/units.h"
+#include "qt/fonts.h"
+#include "qt/units.h"
+#include "screen/layouts.h"
 
 #include <gtest/gtest.h>
 

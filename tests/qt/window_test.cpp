@@ -213,7 +213,7 @@ TEST_F(FrontEnd, isDrawnAnewOnAScreenWithMoreDots) {
 
 // ---- Fit and zoom ------------------------------------------------------------------------------------
 
-/// The inner area of the drill is 909 x 485 pixels then, and the least one 896 x 564: a scale of 0.86.
+/// The content area of the drill is 909 x 485 pixels then, and the least one 896 x 564: a scale of 0.86.
 class SmallFrontEnd : public FrontEnd {
 protected:
   SmallFrontEnd() {
@@ -330,7 +330,7 @@ TEST_F(ZoomedFrontEnd, showsTheButtonThatGetsTheFocus) {
   EXPECT_EQ(program_.told(), "click 2");
 }
 
-/// The least inner area has 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are shown.
+/// The minimum content area has 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are shown.
 TEST_F(ZoomedFrontEnd, isPannedByTheWheelAsFarAsThereIsSomethingToSee) {
   drill_->drawBox({0, 0}, {671.25F, 422.25F}, 1, blue, std::nullopt);
   drill_->activate();

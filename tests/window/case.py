@@ -7,7 +7,7 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "packaging" / "tour"))  # the learner who plays the tour also plays the tests
+sys.path.insert(0, str(ROOT / "tour"))  # the learner who plays the tour also plays the tests
 
 from desktop import Desktop, Surroundings
 from learner import Learner

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "exercise/exercise_screen.h"
+
+namespace chiffrolo {
+
+/// Additions of two numbers of two digits, and the subtractions that go with them. A wrong answer is
+/// corrected in two guided steps: first the tens of the second number, then its units.
+class AdditionScreen final : public ExerciseScreen {
+public:
+  explicit AdditionScreen(ScreenHost& host);
+
+private:
+  void TirerOperation();
+
+  void drawStep() override;
+  void drawOperation();
+  void drawTensStep();
+  void drawUnitsStep();
+  void drawResult();
+
+  std::optional<int> expectedAnswer() const override;
+  void continueAfterRightAnswer() override;
+  int ligneFaux() const override { return shared.essai * 60 + 20; }
+  bool arrowLeadsOn() const override { return shared.essai < 3; }
+
+  SaturatingInt16 resultatPartiel; ///< expected answer of the first guided step
+};
+
+} // namespace chiffrolo

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "screen/screen.h"
+
+namespace chiffrolo {
+
+/// The home screen: five activities, by button or in turn by key. It is never unloaded.
+class AccueilScreen final : public Screen {
+public:
+  explicit AccueilScreen(ScreenHost& host);
+
+  void Form_Load() override;
+  void Form_KeyDown(int code) override;
+  void Form_KeyPress(char32_t typed) override;
+
+private:
+  void Commande1_Click() { Show(ScreenName::addition); }
+  void Commande2_Click() { Show(ScreenName::multiplication); }
+  void Commande3_Click() { Show(ScreenName::division); }
+  void Commande4_Click() { Show(ScreenName::record); }
+  void Commande5_Click() { Show(ScreenName::Aurevoir); }
+
+  /// Opens the screen whose number `essai` holds, if it is from 1 to 5, and moves on to the next number.
+  void OuvrirEcran();
+
+  Button Commande1{*this, "Commande1", [this] { Commande1_Click(); }};
+  Button Commande2{*this, "Commande2", [this] { Commande2_Click(); }};
+  Button Commande3{*this, "Commande3", [this] { Commande3_Click(); }};
+  Button Commande4{*this, "Commande4", [this] { Commande4_Click(); }};
+  Button Commande5{*this, "Commande5", [this] { Commande5_Click(); }};
+};
+
+} // namespace chiffrolo

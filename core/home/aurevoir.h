@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "screen/layouts.h"
+#include "screen/screen.h"
+
+namespace chiffrolo {
+
+/// The goodbye screen: only its arrow ends the program, no key does.
+class AurevoirScreen final : public Screen {
+public:
+  explicit AurevoirScreen(ScreenHost& host) : Screen(host, layoutOf(ScreenName::Aurevoir)) {}
+
+private:
+  void flèche_Click() { End(); }
+
+  Image flèche{*this, "flèche", [this] { flèche_Click(); }};
+};
+
+} // namespace chiffrolo

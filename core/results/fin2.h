@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "screen/screen.h"
+
+namespace chiffrolo {
+
+/// The results of a challenge: its time, if it was completed, and a table of the answers. Drawn once, when it
+/// loads, from what the challenge left in the shared variables.
+class Fin2Screen final : public Screen {
+public:
+  explicit Fin2Screen(ScreenHost& host);
+
+  void Form_Load() override;
+  void Form_KeyDown(int code) override;
+  void Form_KeyPress(char32_t typed) override;
+
+private:
+  void flèche_Click();
+
+  void drawTime();
+  void drawHeader();
+  void drawKinds();
+  void drawTotal();
+  void drawGrid();
+
+  void printAt(Points x, Points y, std::string_view text);
+  void printCentred(Points centre, Points y, std::string_view text, std::string_view printed);
+  /// One row of figures: how many operations were presented, how many answered rightly, and the rate.
+  void printFigures(Points y, int presented, int succeeded);
+
+  Image flèche{*this, "flèche", [this] { flèche_Click(); }};
+};
+
+} // namespace chiffrolo

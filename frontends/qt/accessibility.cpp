@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "qt/accessibility.h"
+
+#include "qt/units.h"
+
+#include <QAccessibleWidget>
+
+#include <memory>
+
+namespace chiffrolo::qt {
+
+namespace {
+
+/// An element of the tree without a widget of its own.
+class Element : public QAccessibleInterface {
+public:
+  explicit Element(Page& page) : page_(page) {}
+
+  bool isValid() const override { return true; }
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override { return page_.window()->windowHandle(); }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(&page_.view().surface());
+  }
+  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? words_ : QString{};
+  }
+  void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+
+  void tell(QAccessible::Event type) {
+    QAccessibleEvent event{this, type};
+    QAccessible::updateAccessibility(&event);
+  }
+
+protected:
+  const Page& page() const { return page_; }
+  /// Whether they differ from those before.
+  bool setWords(const QString& words) { return std::exchange(words_, words) != words; }
+
+private:
+  Page& page_;
+  QString words_;
+};
+
+/// One text on the surface.
+class TextElement final : public Element {
+public:
+  using Element::Element;
+
+  QRect rect() const override { return page().onDisplay(topLeft_, bottomRight_); }
+  QAccessible::Role role() const override { return QAccessible::StaticText; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.readOnly = true;
+    return state;
+  }
+
+  void read(const SpokenText& text) {
+    topLeft_ = text.topLeft;
+    bottomRight_ = text.bottomRight;
+    if (setWords(toQt(text.words))) tell(QAccessible::NameChanged);
+  }
+
+private:
+  Point topLeft_;
+  Point bottomRight_;
+};
+
+/// What a screen reader is to say at once. It has no place on the screen.
+class Announcement final : public Element {
+public:
+  using Element::Element;
+
+  QRect rect() const override { return page().onDisplay({}, {}); }
+  QAccessible::Role role() const override { return QAccessible::Notification; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.invisible = !shown_;
+    return state;
+  }
+
+  /// Screen readers say a notification when it appears, and only then: a change of its text is not enough.
+  void say(const QString& words) {
+    shown_ = false;
+    tell(QAccessible::ObjectHide);
+    if (setWords(words)) tell(QAccessible::NameChanged);
+    shown_ = true;
+    tell(QAccessible::ObjectShow);
+  }
+
+private:
+  bool shown_{false};
+};
+
+/// An element that is known to screen readers as long as this lives.
+template <typename Kind> class Registered {
+public:
+  explicit Registered(Page& page)
+      : element_(new Kind(page)), id_(QAccessible::registerAccessibleInterface(element_)) {}
+  Registered(const Registered&) = delete;
+  Registered& operator=(const Registered&) = delete;
+  ~Registered() { QAccessible::deleteAccessibleInterface(id_); }
+
+  Kind* get() const { return element_; }
+  Kind* operator->() const { return element_; }
+
+private:
+  Kind* element_; // belongs to Qt, which deletes it by its id
+  QAccessible::Id id_;
+};
+
+/// A surface: its texts first, then its controls, and last the announcement.
+class SurfaceElement final : public QAccessibleWidget {
+public:
+  explicit SurfaceElement(Page& page)
+      : QAccessibleWidget(&page.view().surface(), QAccessible::Canvas), page_(page), announcement_(page) {
+    readAnew();
+  }
+
+  int childCount() const override { return controlCount() + textCount() + 1; }
+  QAccessibleInterface* child(int index) const override {
+    if (index < 0 || index >= childCount()) return nullptr;
+    if (index < textCount()) return texts_[static_cast<std::size_t>(index)]->get();
+    if (index == childCount() - 1) return announcement_.get();
+    return QAccessibleWidget::child(index - textCount());
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    if (child == announcement_.get()) return childCount() - 1;
+    for (int index = 0; index < textCount(); ++index)
+      if (child == this->child(index)) return index;
+    const int control = QAccessibleWidget::indexOfChild(child);
+    return control < 0 ? -1 : control + textCount();
+  }
+
+  /// A text keeps its element as long as no line above it comes or goes.
+  void readAnew() {
+    const auto now = page_.spokenTexts();
+    while (texts_.size() > now.size()) {
+      (*texts_.back())->tell(QAccessible::ObjectDestroyed);
+      texts_.pop_back();
+    }
+    for (std::size_t index = 0; index < now.size(); ++index) {
+      const bool isNew = index == texts_.size();
+      if (isNew) texts_.push_back(std::make_unique<Registered<TextElement>>(page_));
+      (*texts_[index])->read(now[index]);
+      if (isNew) (*texts_[index])->tell(QAccessible::ObjectCreated);
+    }
+  }
+
+  void announce(const QString& words) { announcement_->say(words); }
+
+private:
+  int textCount() const { return static_cast<int>(texts_.size()); }
+  int controlCount() const { return QAccessibleWidget::childCount(); }
+
+  Page& page_;
+  std::vector<std::unique_ptr<Registered<TextElement>>> texts_;
+  Registered<Announcement> announcement_;
+};
+
+/// Null for a widget outside of any page.
+Page* pageAround(const QWidget& widget) {
+  QWidget* const around = widget.parentWidget();
+  if (around == nullptr) return nullptr;
+  auto* const page = dynamic_cast<Page*>(around);
+  return page != nullptr ? page : pageAround(*around);
+}
+
+/// Null for what Qt itself describes well enough.
+QAccessibleInterface* createElement(const QString& /*className*/, QObject* object) {
+  if (auto* const host = dynamic_cast<HostWindow*>(object))
+    return new QAccessibleWidget(host, QAccessible::Window);
+  if (auto* const page = dynamic_cast<Page*>(object)) return new QAccessibleWidget(page, QAccessible::Pane);
+  const auto* const surface = dynamic_cast<DrawingSurface*>(object);
+  Page* const page = surface == nullptr ? nullptr : pageAround(*surface);
+  return page == nullptr ? nullptr : new SurfaceElement(*page);
+}
+
+} // namespace
+
+void makeSurfacesReadable() { QAccessible::installFactory(createElement); }
+
+SpeakingEvents::SpeakingEvents(Events& program, HostWindow& host)
+    : program_(program), host_(host), isHeard_(QAccessible::isActive()) {
+  QAccessible::installActivationObserver(this);
+  telling_.setSingleShot(true);
+  telling_.setInterval(0);
+  QObject::connect(&telling_, &QTimer::timeout, &telling_, [this] { tell(); });
+}
+
+SpeakingEvents::~SpeakingEvents() { QAccessible::removeActivationObserver(this); }
+
+Events::KeyUse SpeakingEvents::key(int code, std::optional<char32_t> character) noexcept {
+  const KeyUse use = program_.key(code, character);
+  tellSoon();
+  return use;
+}
+
+void SpeakingEvents::click(ControlIndex control) noexcept {
+  program_.click(control);
+  tellSoon();
+}
+
+void SpeakingEvents::tick(ScreenName screen, ControlIndex timer) noexcept {
+  program_.tick(screen, timer);
+  tellSoon();
+}
+
+void SpeakingEvents::front(ScreenName screen) noexcept {
+  program_.front(screen);
+  tellSoon();
+}
+
+void SpeakingEvents::close() noexcept {
+  program_.close();
+  tellSoon();
+}
+
+std::vector<SpokenText> SpeakingEvents::spokenTexts(ScreenName screen) const noexcept {
+  return program_.spokenTexts(screen);
+}
+
+/// The picture comes first: what is seen does not wait for what is said.
+void SpeakingEvents::tellSoon() {
+  if (isHeard_) telling_.start();
+}
+
+void SpeakingEvents::tell() {
+  Page* const page = host_.current();
+  if (page == nullptr) return;
+  auto* const element =
+      dynamic_cast<SurfaceElement*>(QAccessible::queryAccessibleInterface(&page->view().surface()));
+  if (element == nullptr) return;
+  element->readAnew();
+  const auto announcement = program_.takeAnnouncement();
+  if (!announcement.empty()) element->announce(toQt(announcement));
+}
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+#include "qt/controls.h"
+
+#include "qt/device_pixels.h"
+#include "qt/drawing_surface.h"
+#include "qt/fonts.h"
+#include "qt/pictures.h"
+#include "qt/units.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionButton>
+
+namespace chiffrolo::qt {
+
+namespace {
+
+/// Fills the widget, but for an outline of one pixel of the layout.
+void paintFrame(QPainter& painter, const DevicePixels& dots, qreal scale, QColor outline, QColor fill) {
+  const int thickness = std::max(1, qRound(dots.ratio * scale));
+  painter.fillRect(dots.area, outline);
+  painter.fillRect(dots.area.adjusted(thickness, thickness, -thickness, -thickness), fill);
+}
+
+/// An icon that can be clicked, as large as its picture.
+class ImageControl final : public QAbstractButton {
+public:
+  ImageControl(const ControlLayout& row, DrawingSurface& surface)
+      : QAbstractButton(&surface), picture_(row.picture) {
+    setFocusPolicy(Qt::NoFocus);
+    setCursor(Qt::PointingHandCursor);
+    setHidden(row.visible == Visibility::hidden);
+  }
+
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    const auto dots = paintInDevicePixels(painter, size());
+    painter.drawPixmap(0, 0, picture_.ofSize(dots.area.size()));
+  }
+
+  ScaledPicture picture_;
+};
+
+class PictureBox final : public QWidget {
+public:
+  PictureBox(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), surface_(surface), background_(toQt(row.background)), picture_(row.picture) {}
+
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    const auto dots = paintInDevicePixels(painter, size());
+    painter.fillRect(dots.area, background_);
+    painter.drawPixmap(0, 0, picture_.atScale(dots.ratio * surface_.scale()));
+  }
+
+  const DrawingSurface& surface_;
+  QColor background_;
+  ScaledPicture picture_;
+};
+
+/// A filled rectangle with an outline.
+class ShapeControl final : public QWidget {
+public:
+  ShapeControl(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), surface_(surface), outline_(toQt(row.foreground)), fill_(toQt(row.background)) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    const auto dots = paintInDevicePixels(painter, size());
+    paintFrame(painter, dots, surface_.scale(), outline_, fill_);
+  }
+
+  const DrawingSurface& surface_;
+  QColor outline_;
+  QColor fill_;
+};
+
+/// From its top left corner to its bottom right one, one pixel of the layout thick.
+class LineControl final : public QWidget {
+public:
+  LineControl(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), row_(row), surface_(surface) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    const bool isDiagonal = row_.place.width != 0 && row_.place.height != 0;
+    if (isDiagonal)
+      paintDiagonal(painter);
+    else
+      painter.fillRect(paintInDevicePixels(painter, size()).area, toQt(row_.foreground));
+  }
+
+  void paintDiagonal(QPainter& painter) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen({toQt(row_.foreground), surface_.scale()});
+    painter.drawLine(QRectF{rect()}.topLeft(), QRectF{rect()}.bottomRight());
+  }
+
+  const ControlLayout& row_;
+  const DrawingSurface& surface_;
+};
+
+/// Its colours are those of the layout, whatever the desktop prefers, and its words wrap in the same places
+/// at any scale.
+class LabelControl final : public QLabel {
+public:
+  LabelControl(const ControlLayout& row, DrawingSurface& surface)
+      : QLabel(&surface), row_(row), surface_(surface) {
+    setTextFormat(Qt::PlainText);
+    setText(toQt(row.caption));
+  }
+
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    paintGround(painter);
+    painter.scale(surface_.scale(), surface_.scale());
+    painter.setFont(fittingFont(row_.font, text(), inside().size()));
+    painter.setPen(toQt(row_.foreground));
+    const int across = row_.alignment == Alignment::centred ? Qt::AlignHCenter : Qt::AlignLeft;
+    painter.drawText(inside(), across | Qt::AlignTop | Qt::TextWordWrap, text());
+  }
+
+  /// In pixels of the layout.
+  QRect inside() const {
+    const int border = row_.border == Border::thin ? 1 : 0;
+    return QRect{{}, toPixels(row_.place).size()}.adjusted(border, border, -border, -border);
+  }
+
+  void paintGround(QPainter& painter) const {
+    painter.save();
+    const QColor background = toQt(row_.background);
+    const QColor outline = row_.border == Border::thin ? toQt(row_.foreground) : background;
+    paintFrame(painter, paintInDevicePixels(painter, size()), surface_.scale(), outline, background);
+    painter.restore();
+  }
+
+  const ControlLayout& row_;
+  const DrawingSurface& surface_;
+};
+
+/// Some styles hardly show which button has the focus: this one has a ring in addition.
+class ButtonControl final : public QPushButton {
+public:
+  ButtonControl(const ControlLayout& row, DrawingSurface& surface)
+      : QPushButton(&surface), row_(row), surface_(surface) {
+    setText(toQt(row.caption).replace(u'&', QStringLiteral("&&"))); // not a shortcut
+    setToolTip(toQt(row.tooltip));
+    setAutoDefault(true); // Enter clicks it, not only the space bar
+  }
+
+private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter{this};
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+    painter.scale(surface_.scale(), surface_.scale());
+    painter.setFont(fittingFont(row_.font, toQt(row_.caption), place().size() - ring));
+    option.rect = place();
+    style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
+    if (hasFocus()) paintRing(painter);
+  }
+
+  /// In pixels of the layout.
+  QRect place() const { return {{}, toPixels(row_.place).size()}; }
+
+  void paintRing(QPainter& painter) const {
+    constexpr qreal thickness = 2;
+    constexpr qreal inset = 2.5;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen({palette().color(QPalette::Highlight), thickness});
+    painter.drawRoundedRect(QRectF{place()}.adjusted(inset, inset, -inset, -inset), inset, inset);
+  }
+
+  static constexpr QSize ring{8, 8}; // takes up that much, on both sides together
+
+  const ControlLayout& row_;
+  const DrawingSurface& surface_;
+};
+
+QWidget* createWidget(const ControlLayout& row, DrawingSurface& surface) {
+  switch (row.kind) {
+  case ControlKind::label: return new LabelControl(row, surface);
+  case ControlKind::button: return new ButtonControl(row, surface);
+  case ControlKind::image: return new ImageControl(row, surface);
+  case ControlKind::line: return new LineControl(row, surface);
+  case ControlKind::shape: return new ShapeControl(row, surface);
+  case ControlKind::pictureBox: return new PictureBox(row, surface);
+  case ControlKind::timer: break;
+  }
+  return nullptr;
+}
+
+} // namespace
+
+QWidget* createControl(const ControlLayout& row, DrawingSurface& surface,
+                       const std::function<void()>& clicked) {
+  QWidget* const control = createWidget(row, surface);
+  if (control == nullptr) return nullptr;
+  control->setAccessibleName(toQt(row.accessibleName));
+  placeControl(*control, row, surface.scale());
+  if (auto* const button = qobject_cast<QAbstractButton*>(control))
+    QObject::connect(button, &QAbstractButton::clicked, button, clicked);
+  return control;
+}
+
+/// A line covers the dots at both of its ends, be it as flat as it may.
+void placeControl(QWidget& control, const ControlLayout& row, qreal scale) {
+  const int thickness = row.kind == ControlKind::line ? std::max(1, qRound(scale)) : 0;
+  control.setGeometry(toPixels(row.place, scale).adjusted(0, 0, thickness, thickness));
+  control.update();
+}
+
+void setLabelCaption(QWidget& control, std::string_view caption) {
+  if (auto* const label = qobject_cast<QLabel*>(&control)) label->setText(toQt(caption));
+}
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+
+#include <list>
+#include <map>
+#include <string>
+
+class QPainter;
+
+namespace chiffrolo::qt {
+
+/// Finds out which faces are installed. What one thread finds, all know.
+void findFaces();
+
+/// The font of a caption, in whole pixels. Waits until it is known which faces are installed.
+QFont captionFont(const Font& font);
+/// The same, or as much smaller as it takes to show all of a caption, wrapped at words, within `room`
+/// (pixels): the face that stands in for a missing one may be wider.
+QFont fittingFont(const Font& font, const QString& caption, QSize room);
+
+/// A font to draw with. All lengths are in pixels, and those of the face itself: Qt rounds sizes to whole
+/// pixels and hinting rounds widths, so text is set in a multiple of its size, without hinting, and scaled
+/// down.
+class TextFace {
+public:
+  explicit TextFace(const Font& font);
+
+  qreal width(const QString& text) const;
+  qreal lineHeight() const { return metrics_.height() * scale_; }
+  qreal averageCharacterWidth() const { return metrics_.averageCharWidth() * scale_; }
+
+  /// All that `draw` paints on, from its `topLeft`; empty for blanks.
+  QRectF inkArea(const QString& text) const;
+  /// With the pen of `painter`.
+  void draw(QPainter& painter, QPointF topLeft, const QString& text) const;
+
+private:
+  static constexpr int multiple_ = 3; // whole pixels for all sizes that are multiples of 1/4 point
+  static constexpr qreal scale_ = 1.0 / multiple_;
+
+  struct Cell {
+    qreal width{};
+    QRectF ink; // from the top left corner of the cell
+  };
+  const Cell& cell(QChar character) const;
+
+  QFont font_;
+  QFontMetricsF metrics_;
+  mutable std::map<QChar, Cell> cells_; // of the characters that were measured so far, in pixels
+};
+
+/// The few faces and sizes that the screens draw with, each made once: a key press must not wait for a font.
+class FontCache {
+public:
+  /// Valid as long as the cache.
+  const TextFace& face(const Font& font);
+
+private:
+  struct Entry {
+    std::string name;
+    Points size{};
+    Weight weight{};
+    Slant slant{};
+    TextFace face;
+
+    bool is(const Font& font) const;
+  };
+
+  std::list<Entry> entries_;
+};
+
+} // namespace chiffrolo::qt

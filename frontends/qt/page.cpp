@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "qt/page.h"
+
+#include "qt/close_box.h"
+#include "qt/units.h"
+
+#include <QPainter>
+
+namespace chiffrolo::qt {
+
+namespace {
+
+// The frame of a tool window, in pixels.
+constexpr int frameThickness = 1;
+constexpr int titleHeight = 24;
+constexpr int titleIndent = 8;
+
+} // namespace
+
+Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* host)
+    : QWidget(host), layout_(layout), events_(&events), ticker_(ticker),
+      view_(new View(
+          layout, [this](ControlIndex control) { click(control); }, this)) {
+  if (layout.frame == Frame::toolWindow) {
+    closeBox_ = new CloseBox(this);
+    connect(closeBox_, &CloseBox::clicked, this, [this] { close(); });
+  }
+  setAccessibleName(toQt(layout.accessibleName));
+  hide();
+}
+
+void Page::fill(QSize host) {
+  setGeometry({{}, host});
+  view_->setGeometry(innerArea());
+  if (closeBox_ == nullptr) return;
+  const QRect bar = titleBar();
+  closeBox_->setGeometry(bar.right() + 1 - titleHeight, bar.top(), titleHeight, titleHeight);
+}
+
+void Page::takeFocus() {
+  if (QWidget* const last = focusWidget())
+    last->setFocus();
+  else
+    (hasButtons() ? view_->firstButton() : this)->setFocus();
+}
+
+void Page::retire() {
+  events_ = nullptr;
+  hide();
+  deleteLater();
+}
+
+std::vector<SpokenText> Page::spokenTexts() const {
+  return events_ == nullptr ? std::vector<SpokenText>{} : events_->spokenTexts(layout_.name);
+}
+
+QRect Page::onDisplay(Point topLeft, Point bottomRight) const {
+  const DrawingSurface& surface = view_->surface();
+  const QRectF area{toPixels(topLeft) * surface.scale(), toPixels(bottomRight) * surface.scale()};
+  return area.translated(surface.mapToGlobal(QPoint{})).toAlignedRect();
+}
+
+Events::KeyUse Page::pressKey(const KeyStroke& stroke) {
+  const Ticker::HeldInstant instant{ticker_};
+  return events_ == nullptr ? Events::KeyUse::screenChanged : events_->key(stroke.code, stroke.character);
+}
+
+void Page::click(ControlIndex control) {
+  const Ticker::HeldInstant instant{ticker_};
+  if (events_ != nullptr) events_->click(control);
+}
+
+/// The caller may be gone when it returns, but not the page.
+void Page::tick(ControlIndex timer) {
+  if (events_ != nullptr) events_->tick(layout_.name, timer);
+  view_->ignoreWhatWasDrawn();
+}
+
+void Page::close() {
+  const Ticker::HeldInstant instant{ticker_};
+  if (events_ != nullptr) events_->close();
+}
+
+void Page::paintEvent(QPaintEvent* /*event*/) {
+  if (layout_.frame == Frame::frameless) return;
+  QPainter painter{this};
+  painter.fillRect(rect(), palette().color(QPalette::Dark));
+  const QRect bar = titleBar();
+  painter.fillRect(bar, palette().color(QPalette::Window));
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(bar.adjusted(titleIndent, 0, -titleHeight, 0), Qt::AlignVCenter, toQt(layout_.caption));
+}
+
+QRect Page::titleBar() const {
+  return {frameThickness, frameThickness, width() - 2 * frameThickness, titleHeight};
+}
+
+QRect Page::innerArea() const {
+  if (layout_.frame == Frame::frameless) return rect();
+  const int top = 2 * frameThickness + titleHeight;
+  return rect().adjusted(frameThickness, top, -frameThickness, -frameThickness);
+}
+
+} // namespace chiffrolo::qt

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform.h"
+#include "qt/accessibility.h"
+#include "qt/fonts.h"
+#include "qt/host_window.h"
+#include "qt/ticker.h"
+
+#include <optional>
+#include <thread>
+
+namespace chiffrolo::qt {
+
+/// Needs a QApplication. All windows are destroyed before the platform.
+class QtPlatform final : public Platform {
+public:
+  QtPlatform();
+
+  std::unique_ptr<Window> createWindow(const ScreenLayout& layout, Events& events) noexcept override;
+  std::uint64_t timeOfDay() const noexcept override;
+  void quit() noexcept override;
+
+private:
+  std::jthread faceSearch_;
+  Ticker ticker_;
+  FontCache fonts_;
+  HostWindow host_;
+  std::optional<SpeakingEvents> events_; // from the first window on
+};
+
+} // namespace chiffrolo::qt

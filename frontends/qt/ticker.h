@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "timer_queue.h"
+
+#include <QTimer>
+
+namespace chiffrolo::qt {
+
+/// Delivers the ticks of all windows. One Qt timer serves them all, since Qt promises no order among several
+/// of them; it is off while none of ours is on.
+class Ticker {
+public:
+  Ticker();
+
+  void start(TimerId timer, std::chrono::milliseconds interval);
+  void stop(TimerId timer);
+  void stopAll(const TickReceiver& receiver);
+  void shutDown();
+
+  /// While one lives, no time passes: all timers that one event starts are started at the same instant.
+  class HeldInstant {
+  public:
+    explicit HeldInstant(Ticker& ticker);
+    HeldInstant(const HeldInstant&) = delete;
+    HeldInstant& operator=(const HeldInstant&) = delete;
+    ~HeldInstant();
+
+  private:
+    Ticker& ticker_;
+    std::optional<Instant> outer_;
+  };
+
+private:
+  Instant now() const { return held_ ? *held_ : Clock::now(); }
+  void deliverDue();
+  void arm();
+
+  TimerQueue queue_;
+  std::optional<Instant> held_;
+  QTimer alarm_;
+};
+
+} // namespace chiffrolo::qt

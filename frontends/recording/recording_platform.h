@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "timer_queue.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace chiffrolo {
+
+class RecordingWindow;
+
+/// A front end without a window: it prints every effect of the program as one line of text. Every content
+/// area is 960 points wide and 720 high, every character (size + 1) / 2 points wide, every line 1.25 × size
+/// high. Its clock advances only in `wait`.
+class RecordingPlatform final : public Platform {
+public:
+  /// Receives one line of the transcript, without its line end.
+  using Sink = std::function<void(std::string_view line)>;
+
+  /// With an empty sink nothing is recorded, and no line is composed.
+  explicit RecordingPlatform(Sink sink);
+
+  std::unique_ptr<Window> createWindow(const ScreenLayout& layout, Events& events) noexcept override;
+  /// Constant, so that runs are repeatable.
+  std::uint64_t timeOfDay() const noexcept override { return 0; }
+  void quit() noexcept override;
+
+  bool hasQuit() const { return hasQuit_; }
+  /// From now on nothing is recorded; for instance when an unfinished program is destroyed.
+  void stopRecording() { sink_ = {}; }
+
+  /// Advances the clock by `duration`, 0 or more. Timers that become due tick in their order.
+  void wait(std::chrono::milliseconds duration);
+
+private:
+  friend class RecordingWindow;
+
+  bool records() const { return static_cast<bool>(sink_); }
+
+  Sink sink_;
+  bool hasQuit_{false};
+  Instant now_{};
+  TimerQueue timers_;
+};
+
+} // namespace chiffrolo

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+#
+# The check of the includes accepts the tree as it is, and refuses each include that breaks the architecture. For the
+# compiler, no front end is within reach of the core.
+# Usage: includes.sh ROOT COMPILER
+set -euo pipefail
+
+root=$1
+compiler=$2
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+
+check() {
+    cmake -D ROOT="$1" -P "$root/packaging/includes.cmake"
+}
+
+check "$root"
+cp -r "$root/core" "$root/frontends" "$tree"
+while read -r file include; do
+    cp "$tree/$file" "$tree/before"
+    printf '#include %s\n' "$include" >> "$tree/$file"
+    if check "$tree" 2> "$tree/messages"; then
+        echo "$file may include $include"
+        exit 1
+    fi
+    grep -qF "$file" "$tree/messages"
+    cp "$tree/before" "$tree/$file"
+done << 'END'
+core/platform.h "screen/utf8.h"
+core/screen/screen.h "program.h"
+core/screen/screen.h <program.h>
+core/exercise/addition.cpp "modes/division.h"
+core/program.cpp "../frontends/qt/page.h"
+core/program.cpp <../frontends/qt/page.h>
+core/program.cpp "home/accueil.h"
+frontends/timer_queue.h "qt/page.h"
+frontends/recording/player.cpp "qt/page.h"
+frontends/qt/page.cpp "recording/player.h"
+frontends/qt/page.cpp "screen/screen.h"
+END
+
+if "$compiler" -fsyntax-only -I "$root/core" -x c++ - <<< '#include "recording/recording_platform.h"' 2> /dev/null; then
+    echo "the core reaches a front end"
+    exit 1
+fi

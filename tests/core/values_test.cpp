@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "screen/random_numbers.h"
+#include "screen/values.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace chiffrolo::test {
+
+namespace {
+
+TEST(Values, halvesGoToTheEvenNeighbour) {
+  const std::pair<double, int> rows[]{{2.5, 2},  {3.5, 4},      {-0.5, 0},    {-1.5, -2},    {2.4999, 2},
+                                      {2.51, 3}, {293.75, 294}, {1e9, 32767}, {-1e9, -32768}};
+  for (const auto& [value, expected] : rows)
+    EXPECT_EQ(CInt(value), expected) << value;
+}
+
+TEST(Values, numbersAndTexts) {
+  EXPECT_EQ(numberText(-15), "-15");
+  const std::pair<const char*, int> rows[]{{"", 0},    {"007", 7}, {"12x", 12},
+                                           {"x12", 0}, {"-5", 0},  {"9999", 9999}};
+  for (const auto& [text, expected] : rows)
+    EXPECT_EQ(numberOf(text), expected) << text;
+}
+
+TEST(RandomNumbers, givenOnesComeFirstWhateverIsReseeded) {
+  RandomNumbers random([] { return 1U; });
+  random.give(0.25);
+  random.give(0.999);
+  random.Randomize();
+  EXPECT_EQ(random.Rnd(), 0.25);
+  EXPECT_EQ(random.whole(10, 5), 14);
+  EXPECT_EQ(random.givenNumbersLeft(), 0U);
+}
+
+TEST(RandomNumbers, reseedingAtOneInstantGoesOn) {
+  RandomNumbers random([] { return 1U; });
+  std::set<double> drawn;
+  for (int draw = 0; draw < 100; ++draw) {
+    random.Randomize();
+    drawn.insert(random.Rnd());
+  }
+  EXPECT_EQ(drawn.size(), 100U);
+}
+
+TEST(RandomNumbers, theTimeOfDayChangesTheRun) {
+  RandomNumbers early([] { return 1U; });
+  RandomNumbers late([] { return 2U; });
+  early.Randomize();
+  late.Randomize();
+  EXPECT_NE(early.Rnd(), late.Rnd());
+}
+
+} // namespace
+
+} // namespace chiffrolo::test
