@@ -14,6 +14,7 @@ constexpr ExerciseValues values{
     .ligneBravo = 260,
     .colonneConsigneBravo = 110,
     .objective = " Tu dois réussir 20 opérations le plus rapidement possible ",
+    .points = &MODULE11::nbOperations,
     .dropOfTimes = 12,
     .spacing = Spacing::asWritten,
 };
@@ -35,10 +36,6 @@ void RecordScreen::NouvelleOperation() {
   if (shared.nbOperations == operationsOfChallenge) return Show(ScreenName::FIN2);
   beginStep();
   setFont("Times new roman", 28);
-  drawStep();
-}
-
-void RecordScreen::drawStep() {
   switch (shared.essai) {
   case 0: return drawOperation();
   case 1: return drawCorrection();
@@ -80,28 +77,43 @@ void RecordScreen::Minuterie1_Timer() {
   printStopwatchTime(*this, shared.chrono, stopwatchDigits());
 }
 
-void RecordScreen::keyWhileWaiting() {
-  if (shared.touche == character::escape)
-    leave();
-  else
-    NouvelleOperation();
-}
-
-void RecordScreen::keyEnter() {
-  if (shared.reponse.empty() && !flèche.Visible())
-    redrawAnswer();
-  else
-    SaisirChiffre();
-}
-
-void RecordScreen::countRightAnswer() {
-  shared.reussies[static_cast<std::size_t>(int{typeOperation})] += 1;
-  shared.nbOperations += 1;
-}
+// ---- The judgement -----------------------------------------------------------------------------------
 
 void RecordScreen::stopTimers() {
   Minuterie.turnOff();
   Minuterie1.turnOff();
+}
+
+void RecordScreen::BonneReponse() {
+  shared.reussies[static_cast<std::size_t>(int{typeOperation})] += 1;
+  shared.nbOperations += 1;
+  showBravo();
+  AfficherScore();
+}
+
+void RecordScreen::MauvaiseReponse() {
+  shared.essai += 1;
+  showFaux(120);
+  if (shared.essai == 1) flèche.show();
+}
+
+void RecordScreen::AfficherScore() {
+  shared.essai = 0;
+  showScore();
+}
+
+// ---- Keys --------------------------------------------------------------------------------------------
+
+void RecordScreen::Form_KeyPress(char32_t typed) {
+  shared.touche = typed;
+  if (typed == character::escape)
+    leave();
+  else if (shared.essai != 0)
+    NouvelleOperation();
+  else if (typed == character::enter && shared.reponse.empty() && !flèche.Visible())
+    redrawAnswer();
+  else if (typed == character::enter || !flèche.Visible())
+    SaisirChiffre();
 }
 
 } // namespace chiffrolo

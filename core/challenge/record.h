@@ -12,34 +12,25 @@ public:
   explicit RecordScreen(ScreenHost& host);
 
   void Form_Load() override;
+  void Form_KeyPress(char32_t typed) override;
 
 private:
   void Minuterie1_Timer();
-  /// It tests no waiting flag: the limit does not run while a correction waits.
+  /// The limit does not run while a correction waits.
   void Minuterie_Timer() override { judgeLateAnswer(); }
 
   void TirerOperation();
+
   void NouvelleOperation() override;
-  void drawStep() override;
   void drawOperation();
   void drawCorrection();
   void leave() override { Show(ScreenName::FIN2); }
 
-  bool isWaiting() const override { return shared.essai != 0; }
-  void keyOfAnswer() override { takeKey(); }
-  void keyWhileWaiting() override;
-  void keyEnter() override;
-
-  std::optional<int> expectedAnswer() const override { return resultatAttendu; }
-  bool winsPoint() const override { return true; }
-  void countRightAnswer() override;
-  int points() const override { return shared.nbOperations; }
-  void continueAfterRightAnswer() override { AfficherScore(); }
-  void countWrongAnswer() override { shared.essai += 1; }
-  int ligneFaux() const override { return 120; }
-  bool arrowLeadsOn() const override { return shared.essai == 1; }
   void stopTimers() override;
-  void endOperation() override { shared.essai = 0; }
+  std::optional<int> expectedAnswer() const override { return resultatAttendu; }
+  void BonneReponse() override;
+  void MauvaiseReponse() override;
+  void AfficherScore() override;
 
   Timer Minuterie1{*this, "Minuterie1", [this] { Minuterie1_Timer(); }};
   SaturatingInt16 resultatAttendu;

@@ -62,7 +62,8 @@ void AdditionScreen::TirerOperation() {
   shared.termes[3] = expression(resultatPartiel, sign, drawn.units);
 }
 
-void AdditionScreen::drawStep() {
+void AdditionScreen::NouvelleOperation() {
+  if (!beginGuidedStep()) return;
   switch (shared.essai) {
   case 0: return drawOperation();
   case 1: return drawTensStep();
@@ -113,13 +114,21 @@ std::optional<int> AdditionScreen::expectedAnswer() const {
   return shared.essai == 1 ? resultatPartiel : shared.resultat;
 }
 
-void AdditionScreen::continueAfterRightAnswer() {
-  if (shared.essai == 1) {
-    shared.essai = 2;
-    NouvelleOperation();
-  } else {
-    AfficherScore();
+void AdditionScreen::BonneReponse() {
+  if (shared.essai == 0) {
+    shared.score += 1;
+    showBravo();
   }
+  if (shared.essai != 1) return AfficherScore();
+  shared.essai = 2;
+  NouvelleOperation();
+}
+
+void AdditionScreen::MauvaiseReponse() {
+  waitForNextStep();
+  losePoint();
+  showFaux(60 * shared.essai + 20);
+  if (shared.essai < 3) flèche.show();
 }
 
 } // namespace chiffrolo

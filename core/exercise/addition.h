@@ -14,18 +14,17 @@ public:
 private:
   void TirerOperation();
 
-  void drawStep() override;
+  void NouvelleOperation() override;
   void drawOperation();
   void drawTensStep();
   void drawUnitsStep();
   void drawResult();
 
   std::optional<int> expectedAnswer() const override;
-  void continueAfterRightAnswer() override;
-  int ligneFaux() const override { return shared.essai * 60 + 20; }
-  bool arrowLeadsOn() const override { return shared.essai < 3; }
+  void BonneReponse() override;
+  void MauvaiseReponse() override;
 
-  SaturatingInt16 resultatPartiel; ///< expected answer of the first guided step
+  SaturatingInt16 resultatPartiel; ///< the right answer to the first guided step
 };
 
 } // namespace chiffrolo

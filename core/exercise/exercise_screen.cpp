@@ -32,24 +32,37 @@ void ExerciseScreen::Form_KeyDown(int code) {
 
 void ExerciseScreen::Form_KeyPress(char32_t typed) {
   shared.touche = typed;
-  if (isWaiting())
-    keyWhileWaiting();
-  else
-    keyOfAnswer();
+  if (shared.enAttente != 0)
+    return typed == character::escape ? Show(ScreenName::accueil) : NouvelleOperation();
+  if (!flèche.Visible()) erase({0, 240}, 350);
+  if (typed == character::escape)
+    leave();
+  else if (typed == character::enter)
+    submitOrAskAgain();
+  else if (!flèche.Visible())
+    SaisirChiffre();
 }
 
 void ExerciseScreen::Minuterie_Timer() {
-  if (!isWaiting()) judgeLateAnswer();
+  if (shared.enAttente == 0) judgeLateAnswer();
 }
 
 // ---- The next operation or step ----------------------------------------------------------------------
 
-void ExerciseScreen::NouvelleOperation() {
+bool ExerciseScreen::beginGuidedStep() {
   Minuterie.setInterval(answerLimit);
-  if (levelIsPassed()) return Show(ScreenName::FIN);
+  if (levelIsPassed()) {
+    Show(ScreenName::FIN);
+    return false;
+  }
   shared.enAttente = 0;
   beginStep();
-  drawStep();
+  return true;
+}
+
+bool ExerciseScreen::levelIsPassed() const {
+  constexpr int objective = 10;
+  return shared.score == objective;
 }
 
 void ExerciseScreen::beginStep() {
@@ -61,11 +74,6 @@ void ExerciseScreen::beginStep() {
   colonneConsigne = 140;
 }
 
-bool ExerciseScreen::levelIsPassed() const {
-  constexpr int objective = 10;
-  return shared.score == objective;
-}
-
 void ExerciseScreen::leave() {
   shared.score = 0;
   Show(ScreenName::accueil);
@@ -73,32 +81,11 @@ void ExerciseScreen::leave() {
 
 // ---- The answer --------------------------------------------------------------------------------------
 
-void ExerciseScreen::keyOfAnswer() {
-  if (!flèche.Visible()) erase({0, 240}, 350);
-  takeKey();
-}
-
-void ExerciseScreen::takeKey() {
-  if (shared.touche == character::escape)
-    leave();
-  else if (shared.touche == character::enter)
-    keyEnter();
-  else if (!flèche.Visible())
-    SaisirChiffre();
-}
-
-void ExerciseScreen::keyEnter() {
+void ExerciseScreen::submitOrAskAgain() {
   if (shared.reponse.empty())
     redrawAnswer();
   else
     SaisirChiffre();
-}
-
-void ExerciseScreen::keyWhileWaiting() {
-  if (shared.touche == character::escape)
-    Show(ScreenName::accueil);
-  else
-    NouvelleOperation();
 }
 
 void ExerciseScreen::SaisirChiffre() {
@@ -131,6 +118,13 @@ void ExerciseScreen::redrawAnswer() {
   Print(" ?", Then::nextZone);
 }
 
+void ExerciseScreen::writeAnswer() {
+  if (values_.answerStyle == AnswerStyle::expression)
+    EcrireExpression(shared.reponse);
+  else
+    Ecrire(shared.reponse);
+}
+
 // ---- The judgement -----------------------------------------------------------------------------------
 
 void ExerciseScreen::judgeLateAnswer() {
@@ -142,27 +136,19 @@ void ExerciseScreen::judgeLateAnswer() {
 void ExerciseScreen::Corriger() {
   shared.couleur = 1;
   stopTimers();
-  if (numberOf(shared.reponse) == expectedAnswer()) {
-    EffacerReponse();
-    writeAnswer();
-    BonneReponse();
-  } else {
-    MauvaiseReponse();
-  }
+  if (numberOf(shared.reponse) != expectedAnswer()) return MauvaiseReponse();
+  EffacerReponse();
+  writeAnswer();
+  BonneReponse();
 }
 
-void ExerciseScreen::BonneReponse() {
-  if (winsPoint()) {
-    countRightAnswer();
-    drawBravo();
-    shared.consigne.clear();
-    colonneConsigne = values_.colonneConsigneBravo;
-    if (points() == 1) {
-      shared.consigne = values_.objective;
-      printConsigne();
-    }
-  }
-  continueAfterRightAnswer();
+void ExerciseScreen::showBravo() {
+  drawBravo();
+  shared.consigne.clear();
+  colonneConsigne = values_.colonneConsigneBravo;
+  if (points() != 1) return;
+  shared.consigne = values_.objective;
+  printConsigne();
 }
 
 void ExerciseScreen::drawBravo() {
@@ -179,24 +165,21 @@ void ExerciseScreen::drawBravo() {
   Ecrire("Bravo");
 }
 
-void ExerciseScreen::MauvaiseReponse() {
-  countWrongAnswer();
-  EffacerReponse();
-  writeAnswer();
-  if (!shared.reponse.empty()) drawFaux(ligneFaux());
-  printConsigne();
-  shared.couleur = 12;
-  if (arrowLeadsOn()) flèche.show();
-}
-
-void ExerciseScreen::countWrongAnswer() {
-  shared.essai += 1;
-  shared.enAttente = 1;
-  losePoint();
-}
-
 void ExerciseScreen::losePoint() {
   if (shared.score > 0) shared.score -= 1;
+}
+
+void ExerciseScreen::waitForNextStep() {
+  shared.essai += 1;
+  shared.enAttente = 1;
+}
+
+void ExerciseScreen::showFaux(int ligne) {
+  EffacerReponse();
+  writeAnswer();
+  if (!shared.reponse.empty()) drawFaux(ligne);
+  printConsigne();
+  shared.couleur = 12;
 }
 
 void ExerciseScreen::drawFaux(int ligne) {
@@ -221,7 +204,12 @@ void ExerciseScreen::printConsigne() {
 }
 
 void ExerciseScreen::AfficherScore() {
-  endOperation();
+  Minuterie.turnOff();
+  shared.essai = 0;
+  showScore();
+}
+
+void ExerciseScreen::showScore() {
   flèche.show();
   arret.show();
   shared.texte = " Score =" + numberText(points());
@@ -239,11 +227,6 @@ void ExerciseScreen::AfficherScore() {
   CurrentX = centre - halfWidth;
   CurrentY = ligne + 46;
   Print(shared.texte, Then::sameLine);
-}
-
-void ExerciseScreen::endOperation() {
-  Minuterie.turnOff();
-  shared.essai = 0;
 }
 
 // ---- Printing ----------------------------------------------------------------------------------------
@@ -269,7 +252,7 @@ void ExerciseScreen::EcrireExpression(std::string_view expression) {
   setFont(expressionFace, expressionSize);
 }
 
-/// `previous` is empty for the first character of an expression, which is printed as it is.
+/// `previous` is empty for the first character of an expression.
 void ExerciseScreen::printCharacter(std::string_view character, std::string_view previous) {
   CurrentY = static_cast<Points>(shared.ligne);
   setFont(expressionFace, expressionSize);

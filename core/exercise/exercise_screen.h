@@ -7,33 +7,44 @@
 
 namespace chiffrolo {
 
-/// How `EcrireExpression` spaces the characters of an operation: a blank around each one that is not a digit,
-/// or just the blanks that the text has.
-enum class Spacing : std::uint8_t { aroundSigns, asWritten };
+/// How `EcrireExpression` spaces the characters of an operation.
+enum class Spacing : std::uint8_t {
+  aroundSigns, ///< a blank on each side of a character that is not a digit
+  asWritten,   ///< only the blanks of the text itself
+};
 
-/// The values in which the exercise screens differ. Positions are in points.
+/// How an answer is printed: by `EcrireExpression`, or as one text in the current font.
+enum class AnswerStyle : std::uint8_t { expression, plainText };
+
+/// The values that differ between the exercise screens. Positions are in points.
 struct ExerciseValues {
-  int feedbackCentre;       ///< x on which "Bravo" and the score box are centred
-  int ligneBravo;           ///< top of "Bravo"; its ellipse and the score box keep their distance to it
+  int feedbackCentre;       ///< x of the centre of "Bravo" and of the score box
+  int ligneBravo;           ///< top of "Bravo"; its ellipse and the score box keep their distance from it
   int colonneConsigneBravo; ///< left end of the instruction line after a right answer
-  /// the instruction line after the first point
+  /// The instruction line after the first point.
   std::string_view objective{" Tu dois réussir 10 opérations sans te tromper "};
+  /// The counter that the score box shows; the objective is printed when it becomes 1.
+  SaturatingInt16 MODULE11::*points{&MODULE11::score};
   int dropOfTimes{}; ///< how far below `ligne` the sign "x" is printed
   Spacing spacing{Spacing::aroundSigns};
-  int eraserMargin{2};                        ///< how far left of `colonne` an answer is erased
+  AnswerStyle answerStyle{AnswerStyle::expression};
+  int eraserMargin{2};                        ///< how far left of `colonne` the erasing of an answer begins
   std::string_view firstDigits{"0123456789"}; ///< the digits that an answer may begin with
 };
 
-/// The cycle that all exercise screens run: an operation is drawn, the learner types the answer, it is
-/// judged, and then follows the next operation or, after a wrong answer, a guided correction.
+/// The cycle that all exercise screens run: an operation is drawn, the learner types the answer, the answer
+/// is judged, and then follows the next operation or, after a wrong answer, a guided correction.
 ///
-/// The cycle stands here in the order in which it happens, as the additions run it. The functions named as
-/// variation points are what other screens do differently.
+/// The functions stand in the order in which they run. A *variation point* is a virtual function that a
+/// screen fills in, or overrides where it differs from the additions, whose rules stand here. Values that
+/// differ are in `ExerciseValues`.
 class ExerciseScreen : public Screen {
 public:
+  /// Variation point: what is reset when the screen is loaded.
   void Form_Load() override;
   void Form_Activate() override { NouvelleOperation(); }
   void Form_KeyDown(int code) override;
+  /// Variation point: what a typed key does. This function alone decides it.
   void Form_KeyPress(char32_t typed) override;
 
 protected:
@@ -44,83 +55,76 @@ protected:
 
   void flèche_Click() { NouvelleOperation(); }
   void arret_Click() { leave(); }
+  /// Variation point: whether the end of the time limit counts.
   virtual void Minuterie_Timer();
 
   // ---- The next operation or step --------------------------------------------------------------------
 
-  /// Starts the next operation or step, or leaves for the next screen when the objective is reached.
-  virtual void NouvelleOperation();
-  /// Variation point: draws the operation or step that is next, by `essai`; an unknown number draws nothing.
-  virtual void drawStep() = 0;
+  /// Variation point: shows the results when the objective is reached; else draws the operation or the step
+  /// of its correction that is next, and sets the place of its answer.
+  virtual void NouvelleOperation() = 0;
+  /// The beginning of `NouvelleOperation` on screens with guided steps. False if it has shown the next
+  /// screen.
+  bool beginGuidedStep();
   bool levelIsPassed() const;
-  /// Wipes the feedback and what was typed.
+  /// Erases the feedback and the typed answer, and hides the images.
   void beginStep();
-  /// Variation point: where giving up leads.
+  /// Variation point: gives up.
   virtual void leave();
 
   // ---- The answer ------------------------------------------------------------------------------------
 
-  /// Takes `touche` into the answer, or submits the answer on Enter and "=".
+  /// Enter: submits the answer, or asks again if nothing was typed.
+  void submitOrAskAgain();
+  /// Adds `touche` to the answer, or submits the answer on Enter and "=".
   void SaisirChiffre();
   void EffacerReponse();
-  /// Variation point: a key typed while an answer is awaited, or after an operation that ended well.
-  virtual void keyOfAnswer();
-  void takeKey();
-  /// Variation point: Enter submits an answer, or asks again when there is none.
-  virtual void keyEnter();
-  /// Variation point: a key typed while a correction waits.
-  virtual void keyWhileWaiting();
-  /// Variation point: whether a correction waits for the learner to go on.
-  virtual bool isWaiting() const { return shared.enAttente != 0; }
-  /// Variation point: prints the answer at its place.
-  virtual void writeAnswer() { EcrireExpression(shared.reponse); }
-  /// The answer and the question mark behind it, in blue, in place of what stands there.
+  /// Prints the answer and a question mark, in blue, over the previous ones.
   void redrawAnswer();
 
   // ---- The judgement ---------------------------------------------------------------------------------
 
   void Corriger();
-  void BonneReponse();
-  void MauvaiseReponse();
-  /// Ends the operation with the score box.
-  void AfficherScore();
-
-  /// Judges what has been typed when the time is up, with the line that says so.
+  /// Judges the answer at the end of the time limit, with the line that says so.
   void judgeLateAnswer();
-  /// Variation point: what the current step asks for; nothing when no answer can be right.
-  virtual std::optional<int> expectedAnswer() const = 0;
-  /// Variation point: whether a right answer now wins a point.
-  virtual bool winsPoint() const { return shared.essai == 0; }
-  virtual void countRightAnswer() { shared.score += 1; }
-  /// Variation point: the counter that the score box shows and that the objective line follows.
-  virtual int points() const { return shared.score; }
-  /// Variation point: a right answer has been acknowledged.
-  virtual void continueAfterRightAnswer() = 0;
-  /// Variation point: moves on to the correction of a wrong answer.
-  virtual void countWrongAnswer();
-  void losePoint();
-  /// Variation point: the row that "FAUX" marks, in points, once the wrong answer is counted.
-  virtual int ligneFaux() const = 0;
-  /// Variation point: whether the arrow leads on to the correction; otherwise only a key does.
-  virtual bool arrowLeadsOn() const = 0;
-  /// Variation point: stops what measures the time of an answer.
+  /// Variation point: stops the timers that run while an answer is awaited.
   virtual void stopTimers() { Minuterie.turnOff(); }
-  /// Variation point: what the end of an operation resets.
-  virtual void endOperation();
+  /// Variation point: the right answer to the current step; nothing if no answer is right.
+  virtual std::optional<int> expectedAnswer() const = 0;
+
+  /// Variation point: what a right answer earns, and what follows. It has been printed again already.
+  virtual void BonneReponse() = 0;
+  /// Prints "Bravo", and the objective after the first point.
+  void showBravo();
+
+  /// Variation point: what a wrong answer costs, and what follows.
+  virtual void MauvaiseReponse() = 0;
+  void losePoint();
+  /// Moves on to the next guided step, and waits for the learner to go on.
+  void waitForNextStep();
+  /// Prints the wrong answer again, "FAUX" beside it at the row `ligne` (points) unless nothing was typed,
+  /// and the instruction line.
+  void showFaux(int ligne);
+
+  /// Variation point: ends the operation: resets what marks its progress, and shows the score.
+  virtual void AfficherScore();
+  /// Prints the score box and shows the images.
+  void showScore();
 
   // ---- Printing --------------------------------------------------------------------------------------
 
-  /// Prints at (`colonne`, `ligne`) in `couleur`, in the current font. Neither printer moves that position.
+  /// Prints at (`colonne`, `ligne`) in `couleur`, in the current font. No printer changes `colonne` or
+  /// `ligne`.
   void Ecrire(std::string_view text);
   void Ecrire(SaturatingInt16 number);
-  /// The same character by character in Times New Roman 28, the sign "x" smaller and lower.
+  /// The same character by character in Times New Roman 28; the sign "x" is smaller and lower.
   void EcrireExpression(std::string_view expression);
   void EcrireExpression(SaturatingInt16 number) { EcrireExpression(std::to_string(number)); }
 
   /// Sets the position at which the printers print.
   void moveTo(SaturatingInt16 colonne, SaturatingInt16 ligne);
   void setFont(std::string_view face, Points size);
-  /// A white box from a corner to the right edge.
+  /// Draws a white box from a corner to the right edge.
   void erase(Point topLeft, Points bottom);
 
   Image flèche{*this, "flèche", [this] { flèche_Click(); }};
@@ -129,10 +133,12 @@ protected:
   SaturatingInt16 colonneConsigne; ///< left end of the instruction line, in points
 
 private:
-  void beginPrinting();
+  SaturatingInt16 points() const { return shared.*values_.points; }
+  void writeAnswer();
   void drawBravo();
   void drawFaux(int ligne);
   void printConsigne();
+  void beginPrinting();
   void printCharacter(std::string_view character, std::string_view previous);
 
   const ExerciseValues& values_;

@@ -11,6 +11,7 @@ constexpr ExerciseValues values{
     .feedbackCentre = 240,
     .ligneBravo = 260,
     .colonneConsigneBravo = 140,
+    .answerStyle = AnswerStyle::plainText,
     .eraserMargin = 8,
     .firstDigits = "123456789",
 };
@@ -52,10 +53,6 @@ void DivisionScreen::NouvelleOperation() {
   flèche.hide();
   arret.hide();
   if (levelIsPassed()) return Show(ScreenName::FIN);
-  drawStep();
-}
-
-void DivisionScreen::drawStep() {
   if (enCorrection != 0)
     drawCorrectionStep();
   else
@@ -157,20 +154,39 @@ void DivisionScreen::reveal(Place place, std::string_view digit) {
   textRole = TextRole::plain;
 }
 
-// ---- Feedback and keys -------------------------------------------------------------------------------
+// ---- The judgement -----------------------------------------------------------------------------------
 
-void DivisionScreen::countWrongAnswer() {
+void DivisionScreen::BonneReponse() {
+  shared.score += 1;
+  showBravo();
+  AfficherScore();
+}
+
+void DivisionScreen::MauvaiseReponse() {
   losePoint();
+  showFaux(120);
+  flèche.show();
   enCorrection = 1;
 }
 
-void DivisionScreen::keyWhileWaiting() {
-  if (shared.touche == character::escape) enCorrection = 0;
-  if (shared.touche != character::enter) NouvelleOperation();
+void DivisionScreen::AfficherScore() {
+  Minuterie.turnOff();
+  showScore();
 }
 
-void DivisionScreen::keyEnter() {
-  if (!arret.Visible()) ExerciseScreen::keyEnter();
+// ---- Keys --------------------------------------------------------------------------------------------
+
+void DivisionScreen::Form_KeyPress(char32_t typed) {
+  shared.touche = typed;
+  if (enCorrection != 0) {
+    if (typed == character::escape) enCorrection = 0;
+    if (typed != character::enter) NouvelleOperation();
+    return;
+  }
+  if (!flèche.Visible()) erase({0, 240}, 350);
+  if (typed == character::escape) return leave();
+  if (typed == character::enter && !arret.Visible()) submitOrAskAgain();
+  if (typed != character::enter && !flèche.Visible()) SaisirChiffre();
 }
 
 } // namespace chiffrolo

@@ -13,6 +13,7 @@ public:
   explicit DivisionScreen(ScreenHost& host);
 
   void Form_Load() override;
+  void Form_KeyPress(char32_t typed) override;
 
 private:
   struct Place {
@@ -21,8 +22,8 @@ private:
   };
 
   void TirerOperation();
+
   void NouvelleOperation() override;
-  void drawStep() override;
   void drawQuestion();
 
   void drawCorrectionStep();
@@ -34,30 +35,23 @@ private:
 
   static Place quotientPlace(int k);
   Place remainderPlace(int k) const;
-  /// Prints one text, in blue.
+  /// Prints one text in blue.
   void write(Place place, std::string_view text);
-  /// Wipes the "?" at its place and prints the digit there, if there is one, in the colour that `touche`
-  /// earns.
+  /// Erases the "?" at its place and prints the digit there, if there is one: in blue if `touche` is that
+  /// digit, else in light red.
   void reveal(Place place, std::string_view digit);
 
-  void writeAnswer() override { Ecrire(shared.reponse); }
+  /// The limit does not run while a correction is shown.
+  void Minuterie_Timer() override { judgeLateAnswer(); }
   std::optional<int> expectedAnswer() const override { return shared.resultat; }
-  bool winsPoint() const override { return true; }
-  void continueAfterRightAnswer() override { AfficherScore(); }
-  void countWrongAnswer() override;
-  int ligneFaux() const override { return 120; }
-  bool arrowLeadsOn() const override { return true; }
-  void endOperation() override { Minuterie.turnOff(); }
-
-  bool isWaiting() const override { return enCorrection != 0; }
-  void keyWhileWaiting() override;
-  void keyEnter() override;
+  void BonneReponse() override;
+  void MauvaiseReponse() override;
+  void AfficherScore() override;
 
   Label titre{*this, "titre"};
   LongDivision division;
   SaturatingInt16 enCorrection; ///< 1 from a wrong answer until its correction ends
-  SaturatingInt16
-      etapeReste; ///< 0 while a digit of the quotient is to be revealed next, 1 while a remainder is
+  SaturatingInt16 etapeReste;   ///< 0 if a digit of the quotient is revealed next, 1 if a remainder is
 };
 
 } // namespace chiffrolo

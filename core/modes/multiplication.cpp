@@ -63,7 +63,8 @@ void MultiplicationScreen::TirerOperation() {
   resultatsEtape[3] = drawn.product();
 }
 
-void MultiplicationScreen::drawStep() {
+void MultiplicationScreen::NouvelleOperation() {
+  if (!beginGuidedStep()) return;
   switch (shared.essai) {
   case 0: return drawOperation();
   case 1: return drawTensStep();
@@ -143,7 +144,11 @@ std::optional<int> MultiplicationScreen::expectedAnswer() const {
   return resultatsEtape[static_cast<std::size_t>(int{shared.essai})];
 }
 
-void MultiplicationScreen::continueAfterRightAnswer() {
+void MultiplicationScreen::BonneReponse() {
+  if (shared.essai == 0) {
+    shared.score += 1;
+    showBravo();
+  }
   shared.essai += 1;
   if (shared.essai == 1 || shared.essai == 4)
     AfficherScore();
@@ -151,9 +156,12 @@ void MultiplicationScreen::continueAfterRightAnswer() {
     NouvelleOperation();
 }
 
-int MultiplicationScreen::ligneFaux() const {
-  if (shared.essai == 1 || shared.essai == 4) return 160;
-  return 40 * (shared.essai - 1) + 30;
+void MultiplicationScreen::MauvaiseReponse() {
+  waitForNextStep();
+  losePoint();
+  const bool isWholeProduct = shared.essai == 1 || shared.essai == 4;
+  showFaux(isWholeProduct ? 160 : 40 * (shared.essai - 1) + 30);
+  if (shared.essai < 4) flèche.show();
 }
 
 } // namespace chiffrolo

@@ -14,7 +14,7 @@ public:
 private:
   void TirerOperation();
 
-  void drawStep() override;
+  void NouvelleOperation() override;
   void drawOperation();
   void drawTensStep();
   void drawUnitsStep();
@@ -22,14 +22,13 @@ private:
   void drawResult();
 
   std::optional<int> expectedAnswer() const override;
-  void continueAfterRightAnswer() override;
-  int ligneFaux() const override;
-  bool arrowLeadsOn() const override { return shared.essai < 4; }
+  void BonneReponse() override;
+  void MauvaiseReponse() override;
 
-  /// The place at which the answer of a step ends where the one of the first step ends, in the current font.
+  /// Where the answer of a step begins, in points, so that it ends below the end of the first step's answer.
   SaturatingInt16 colonneUnderTens(int step) const;
 
-  std::array<SaturatingInt16, 5> resultatsEtape; ///< expected answers by step; the last step asks for none
+  std::array<SaturatingInt16, 5> resultatsEtape; ///< the right answers by step; the last step has none
 };
 
 } // namespace chiffrolo
