@@ -89,7 +89,7 @@ void HostWindow::resizeEvent(QResizeEvent* /*event*/) {
 
 void HostWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (current_ != nullptr) current_->close();
+  if (current_ != nullptr) current_->reportClose();
 }
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "qt/page.h"
 
-#include "qt/close_box.h"
 #include "qt/units.h"
 
 #include <QPainter>
+#include <QToolButton>
 
 namespace chiffrolo::qt {
 
@@ -15,6 +15,21 @@ constexpr int frameThickness = 1;
 constexpr int titleHeight = 24;
 constexpr int titleIndent = 8;
 
+/// A letter, not the style's close icon: in Qt 6.4 that icon is 10 pixels wide at any pixel ratio, and its grey can
+/// hardly be seen on a dark title bar. Never takes the focus.
+QToolButton* createCloseBox(QWidget& page) {
+  auto* const box = new QToolButton(&page);
+  QFont large = box->font();
+  large.setPixelSize(titleHeight);
+  box->setFont(large);
+  box->setText(QStringLiteral("×"));
+  box->setAutoRaise(true);
+  box->setFocusPolicy(Qt::NoFocus);
+  box->setAccessibleName(QStringLiteral("Fermer"));
+  box->setToolTip(QStringLiteral("Fermer"));
+  return box;
+}
+
 } // namespace
 
 Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* host)
@@ -22,8 +37,8 @@ Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* 
       view_(new View(
           layout, [this](ControlIndex control) { click(control); }, this)) {
   if (layout.frame == Frame::toolWindow) {
-    closeBox_ = new CloseBox(this);
-    connect(closeBox_, &CloseBox::clicked, this, [this] { close(); });
+    closeBox_ = createCloseBox(*this);
+    connect(closeBox_, &QToolButton::clicked, this, [this] { reportClose(); });
   }
   setAccessibleName(toQt(layout.accessibleName));
   hide();
@@ -76,7 +91,7 @@ void Page::tick(ControlIndex timer) {
   view_->ignoreWhatWasDrawn();
 }
 
-void Page::close() {
+void Page::reportClose() {
   const Ticker::HeldInstant instant{ticker_};
   if (events_ != nullptr) events_->close();
 }
@@ -86,8 +101,8 @@ void Page::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter{this};
   painter.fillRect(rect(), palette().color(QPalette::Dark));
   const QRect bar = titleBar();
-  painter.fillRect(bar, palette().color(QPalette::Window));
-  painter.setPen(palette().color(QPalette::WindowText));
+  painter.fillRect(bar, palette().color(QPalette::Button));
+  painter.setPen(palette().color(QPalette::ButtonText));
   painter.drawText(bar.adjusted(titleIndent, 0, -titleHeight, 0), Qt::AlignVCenter, toQt(layout_.caption));
 }
 

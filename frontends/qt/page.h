@@ -6,9 +6,9 @@
 #include "qt/ticker.h"
 #include "qt/view.h"
 
-namespace chiffrolo::qt {
+class QToolButton;
 
-class CloseBox;
+namespace chiffrolo::qt {
 
 /// One screen: its frame and, within it, the view of its surface and controls. It tells `events` what the
 /// learner does there, until it is retired.
@@ -36,7 +36,7 @@ public:
   Events::KeyUse pressKey(const KeyStroke& stroke);
   void click(ControlIndex control);
   void tick(ControlIndex timer);
-  void close();
+  void reportClose();
 
 private:
   void paintEvent(QPaintEvent* event) override;
@@ -47,7 +47,7 @@ private:
   Events* events_; // null once retired
   Ticker& ticker_;
   View* view_;
-  CloseBox* closeBox_{};
+  QToolButton* closeBox_{};
 };
 
 } // namespace chiffrolo::qt
