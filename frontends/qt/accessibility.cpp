@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/accessibility.h"
 
+#include "qt/host_window.h"
 #include "qt/units.h"
 
 #include <QAccessibleWidget>
@@ -11,7 +12,7 @@ namespace chiffrolo::qt {
 
 namespace {
 
-/// An element of the tree without a widget of its own.
+/// An element of the accessibility tree that has no widget.
 class Element : public QAccessibleInterface {
 public:
   explicit Element(Page& page) : page_(page) {}
@@ -31,14 +32,14 @@ public:
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
-  void tell(QAccessible::Event type) {
+  void notify(QAccessible::Event type) {
     QAccessibleEvent event{this, type};
     QAccessible::updateAccessibility(&event);
   }
 
 protected:
   const Page& page() const { return page_; }
-  /// Whether they differ from those before.
+  /// True if the words have changed.
   bool setWords(const QString& words) { return std::exchange(words_, words) != words; }
 
 private:
@@ -62,7 +63,7 @@ public:
   void read(const SpokenText& text) {
     topLeft_ = text.topLeft;
     bottomRight_ = text.bottomRight;
-    if (setWords(toQt(text.words))) tell(QAccessible::NameChanged);
+    if (setWords(toQt(text.words))) notify(QAccessible::NameChanged);
   }
 
 private:
@@ -70,7 +71,7 @@ private:
   Point bottomRight_;
 };
 
-/// What a screen reader is to say at once. It has no place on the screen.
+/// The element that a screen reader announces. It is not visible.
 class Announcement final : public Element {
 public:
   using Element::Element;
@@ -83,20 +84,20 @@ public:
     return state;
   }
 
-  /// Screen readers say a notification when it appears, and only then: a change of its text is not enough.
-  void say(const QString& words) {
+  /// Orca 43 announces a notification when it is shown, not when its text changes; so it is hidden first.
+  void announce(const QString& words) {
     shown_ = false;
-    tell(QAccessible::ObjectHide);
-    if (setWords(words)) tell(QAccessible::NameChanged);
+    notify(QAccessible::ObjectHide);
+    if (setWords(words)) notify(QAccessible::NameChanged);
     shown_ = true;
-    tell(QAccessible::ObjectShow);
+    notify(QAccessible::ObjectShow);
   }
 
 private:
   bool shown_{false};
 };
 
-/// An element that is known to screen readers as long as this lives.
+/// An element that is registered in the accessibility tree, until this object is destroyed.
 template <typename Kind> class Registered {
 public:
   explicit Registered(Page& page)
@@ -109,16 +110,16 @@ public:
   Kind* operator->() const { return element_; }
 
 private:
-  Kind* element_; // belongs to Qt, which deletes it by its id
+  Kind* element_; // owned by Qt, which deletes it by its id
   QAccessible::Id id_;
 };
 
-/// A surface: its texts first, then its controls, and last the announcement.
+/// A surface. Its children are its texts, then its controls, and last the announcement.
 class SurfaceElement final : public QAccessibleWidget {
 public:
   explicit SurfaceElement(Page& page)
       : QAccessibleWidget(&page.view().surface(), QAccessible::Canvas), page_(page), announcement_(page) {
-    readAnew();
+    updateTexts();
   }
 
   int childCount() const override { return controlCount() + textCount() + 1; }
@@ -136,22 +137,22 @@ public:
     return control < 0 ? -1 : control + textCount();
   }
 
-  /// A text keeps its element as long as no line above it comes or goes.
-  void readAnew() {
+  /// Updates the elements of the texts. The element with the same index is reused.
+  void updateTexts() {
     const auto now = page_.spokenTexts();
     while (texts_.size() > now.size()) {
-      (*texts_.back())->tell(QAccessible::ObjectDestroyed);
+      (*texts_.back())->notify(QAccessible::ObjectDestroyed);
       texts_.pop_back();
     }
     for (std::size_t index = 0; index < now.size(); ++index) {
       const bool isNew = index == texts_.size();
       if (isNew) texts_.push_back(std::make_unique<Registered<TextElement>>(page_));
       (*texts_[index])->read(now[index]);
-      if (isNew) (*texts_[index])->tell(QAccessible::ObjectCreated);
+      if (isNew) (*texts_[index])->notify(QAccessible::ObjectCreated);
     }
   }
 
-  void announce(const QString& words) { announcement_->say(words); }
+  void announce(const QString& words) { announcement_->announce(words); }
 
 private:
   int textCount() const { return static_cast<int>(texts_.size()); }
@@ -162,7 +163,7 @@ private:
   Registered<Announcement> announcement_;
 };
 
-/// Null for a widget outside of any page.
+/// Null if the widget is not inside a page.
 Page* pageAround(const QWidget& widget) {
   QWidget* const around = widget.parentWidget();
   if (around == nullptr) return nullptr;
@@ -170,7 +171,7 @@ Page* pageAround(const QWidget& widget) {
   return page != nullptr ? page : pageAround(*around);
 }
 
-/// Null for what Qt itself describes well enough.
+/// Null if Qt's own description is enough.
 QAccessibleInterface* createElement(const QString& /*className*/, QObject* object) {
   if (auto* const host = dynamic_cast<HostWindow*>(object))
     return new QAccessibleWidget(host, QAccessible::Window);
@@ -184,59 +185,27 @@ QAccessibleInterface* createElement(const QString& /*className*/, QObject* objec
 
 void makeSurfacesReadable() { QAccessible::installFactory(createElement); }
 
-SpeakingEvents::SpeakingEvents(Events& program, HostWindow& host)
-    : program_(program), host_(host), isHeard_(QAccessible::isActive()) {
+Announcer::Announcer(const HostWindow& host) : host_(host), isActive_(QAccessible::isActive()) {
   QAccessible::installActivationObserver(this);
-  telling_.setSingleShot(true);
-  telling_.setInterval(0);
-  QObject::connect(&telling_, &QTimer::timeout, &telling_, [this] { tell(); });
+  timer_.setSingleShot(true);
+  timer_.setInterval(0);
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { update(); });
 }
 
-SpeakingEvents::~SpeakingEvents() { QAccessible::removeActivationObserver(this); }
+Announcer::~Announcer() { QAccessible::removeActivationObserver(this); }
 
-Events::KeyUse SpeakingEvents::key(int code, std::optional<char32_t> character) noexcept {
-  const KeyUse use = program_.key(code, character);
-  tellSoon();
-  return use;
+void Announcer::updateSoon() {
+  if (isActive_) timer_.start();
 }
 
-void SpeakingEvents::click(ControlIndex control) noexcept {
-  program_.click(control);
-  tellSoon();
-}
-
-void SpeakingEvents::tick(ScreenName screen, ControlIndex timer) noexcept {
-  program_.tick(screen, timer);
-  tellSoon();
-}
-
-void SpeakingEvents::front(ScreenName screen) noexcept {
-  program_.front(screen);
-  tellSoon();
-}
-
-void SpeakingEvents::close() noexcept {
-  program_.close();
-  tellSoon();
-}
-
-std::vector<SpokenText> SpeakingEvents::spokenTexts(ScreenName screen) const noexcept {
-  return program_.spokenTexts(screen);
-}
-
-/// The picture comes first: what is seen does not wait for what is said.
-void SpeakingEvents::tellSoon() {
-  if (isHeard_) telling_.start();
-}
-
-void SpeakingEvents::tell() {
+void Announcer::update() const {
   Page* const page = host_.current();
   if (page == nullptr) return;
   auto* const element =
       dynamic_cast<SurfaceElement*>(QAccessible::queryAccessibleInterface(&page->view().surface()));
   if (element == nullptr) return;
-  element->readAnew();
-  const auto announcement = program_.takeAnnouncement();
+  element->updateTexts();
+  const auto announcement = page->takeAnnouncement();
   if (!announcement.empty()) element->announce(toQt(announcement));
 }
 

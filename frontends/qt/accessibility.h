@@ -1,42 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "qt/host_window.h"
-
 #include <QAccessible>
 #include <QTimer>
 
 namespace chiffrolo::qt {
 
-/// Lets screen readers see what is drawn: each surface is an element of the accessibility tree with a child
-/// for each text on it. Once, before any window.
+class HostWindow;
+
+/// Puts the texts on the surfaces into the accessibility tree: each surface gets one child per text. Call it
+/// once, before the first window is created.
 void makeSurfacesReadable();
 
-/// Passes everything on to the program, and tells screen readers what has come of it. While none listens,
-/// that takes no time.
-class SpeakingEvents final : public Events, private QAccessible::ActivationObserver {
+/// Updates the accessibility tree and announces what has changed, while a screen reader is running.
+class Announcer final : private QAccessible::ActivationObserver {
 public:
-  /// Both outlive it.
-  SpeakingEvents(Events& program, HostWindow& host);
-  ~SpeakingEvents() override;
+  /// `host` outlives it.
+  explicit Announcer(const HostWindow& host);
+  Announcer(const Announcer&) = delete;
+  Announcer& operator=(const Announcer&) = delete;
+  ~Announcer() override;
 
-  KeyUse key(int code, std::optional<char32_t> character) noexcept override;
-  void click(ControlIndex control) noexcept override;
-  void tick(ScreenName screen, ControlIndex timer) noexcept override;
-  void front(ScreenName screen) noexcept override;
-  void close() noexcept override;
-  std::vector<SpokenText> spokenTexts(ScreenName screen) const noexcept override;
-  std::string takeAnnouncement() noexcept override { return program_.takeAnnouncement(); }
+  /// Updates when the event loop is idle: repainting comes first.
+  void updateSoon();
 
 private:
-  void accessibilityActiveChanged(bool active) override { isHeard_ = active; }
-  void tellSoon();
-  void tell();
+  void accessibilityActiveChanged(bool active) override { isActive_ = active; }
+  void update() const;
 
-  Events& program_;
-  HostWindow& host_;
-  bool isHeard_;
-  QTimer telling_;
+  const HostWindow& host_;
+  bool isActive_; // whether a screen reader is running
+  QTimer timer_;
 };
 
 } // namespace chiffrolo::qt

@@ -11,7 +11,9 @@
 
 #include <utility>
 
+#ifdef __GLIBC__
 #include <malloc.h>
+#endif
 
 namespace chiffrolo::qt {
 
@@ -22,7 +24,7 @@ bool movesFocus(const QKeyEvent& press) {
   return isTab && !(press.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
 
-/// Keys that were not pressed on a keyboard have no scan code.
+/// Identifies a physical key. Synthetic key events have no scan code.
 KeyRepeatFilter::ScanCode scanCode(const QKeyEvent& event) {
   const auto code = event.nativeScanCode();
   return code != 0 ? code : static_cast<KeyRepeatFilter::ScanCode>(event.key());
@@ -32,7 +34,7 @@ KeyRepeatFilter::Origin origin(const QKeyEvent& event) {
   return event.isAutoRepeat() ? KeyRepeatFilter::Origin::autoRepeat : KeyRepeatFilter::Origin::hand;
 }
 
-/// There, a window that sizes itself breaks the protocol.
+/// On Wayland, a window must not choose its own size.
 bool isSizedByCompositor() {
   return QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
 }
@@ -42,9 +44,9 @@ bool isSizedByCompositor() {
 HostWindow::HostWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
   setWindowTitle(QStringLiteral("Chiffrolo"));
   setAttribute(Qt::WA_InputMethodEnabled, false);
-  // Otherwise the first button shows only after a Tab that it has the focus.
+  // Without it, the focus of the first button is drawn only after the first Tab.
   setAttribute(Qt::WA_KeyboardFocusChange);
-  // A display without a window manager maximizes nothing.
+  // Without a window manager, nothing maximizes the window.
   setGeometry(screen()->availableGeometry());
 }
 
@@ -94,9 +96,9 @@ void HostWindow::closeEvent(QCloseEvent* event) {
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
-  case QEvent::KeyPress: return pressKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::usedUp;
-  case QEvent::KeyRelease: return releaseKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::usedUp;
-  case QEvent::Expose: showIcon(); break;
+  case QEvent::KeyPress: return pressKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::consumed;
+  case QEvent::KeyRelease: return releaseKey(static_cast<const QKeyEvent&>(*event)) == KeyFate::consumed;
+  case QEvent::Expose: finishStart(); break;
   default: break;
   }
   return QWidget::eventFilter(watched, event);
@@ -104,24 +106,24 @@ bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
 
 HostWindow::KeyFate HostWindow::pressKey(const QKeyEvent& press) {
   using enum KeyFate;
-  if (current_ == nullptr) return usedUp;
+  if (current_ == nullptr) return consumed;
   if (const auto step = zoomStep(press)) {
-    repeats_.dropRepeats(scanCode(press)); // they go on when the Control key is let go first
+    repeats_.dropRepeats(scanCode(press)); // auto-repeat continues when Control is released first
     takeZoomStep(*step);
-    return usedUp;
+    return consumed;
   }
   const auto verdict = repeats_.press(scanCode(press), press.timestamp(), origin(press), current_->name());
-  if (verdict == KeyRepeatFilter::Verdict::dropped) return usedUp;
+  if (verdict == KeyRepeatFilter::Verdict::dropped) return consumed;
   const bool hasButtons = current_->hasButtons();
-  if (hasButtons && movesFocus(press)) return leftToFocus;
+  if (hasButtons && movesFocus(press)) return passedOn;
   const auto stroke = translateKey(press);
-  if (!stroke || current_->pressKey(*stroke) == Events::KeyUse::screenChanged) return usedUp;
-  return hasButtons ? leftToFocus : usedUp;
+  if (!stroke || current_->reportKey(*stroke) == Events::KeyUse::screenChanged) return consumed;
+  return hasButtons ? passedOn : consumed;
 }
 
 HostWindow::KeyFate HostWindow::releaseKey(const QKeyEvent& release) {
   repeats_.release(scanCode(release), release.timestamp(), origin(release));
-  return zoomStep(release) ? KeyFate::usedUp : KeyFate::leftToFocus;
+  return zoomStep(release) ? KeyFate::consumed : KeyFate::passedOn;
 }
 
 void HostWindow::takeZoomStep(ZoomStep step) {
@@ -135,8 +137,7 @@ void HostWindow::followScreen() {
   screenChanges_ = connect(screen(), &QScreen::availableGeometryChanged, this, [this] { fillScreenSoon(); });
 }
 
-/// Whatever keeps the window maximized gets time to do so again; where there is nothing of the kind, the
-/// window follows the screen by itself.
+/// A window manager gets time to maximize the window again. Where there is none, the window resizes itself.
 void HostWindow::fillScreenSoon() {
   constexpr std::chrono::milliseconds patience{500};
   QTimer::singleShot(patience, this, [this, before = geometry()] {
@@ -144,13 +145,15 @@ void HostWindow::fillScreenSoon() {
   });
 }
 
-/// Once, and only after the first picture: the icon takes longer to load and to send than the home screen.
-/// Were its format not told, Qt would load all its plugins for pictures to find it out.
-void HostWindow::showIcon() {
+/// Once, after the first picture: loading and sending the icon takes longer than showing the home screen. Its
+/// format is given because Qt 6.4 otherwise loads all image plugins to detect it.
+void HostWindow::finishStart() {
   if (!windowIcon().isNull()) return;
   QTimer::singleShot(0, this, [this] {
     setWindowIcon(QPixmap(QStringLiteral(":/chiffrolo.png"), "PNG"));
-    malloc_trim(0); // Linux: what only the start needed, of which the search for faces had most
+#ifdef __GLIBC__
+    malloc_trim(0); // returns start-up memory to the system, most of it from the search for faces
+#endif
   });
 }
 

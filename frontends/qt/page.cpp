@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/page.h"
 
+#include "qt/host_window.h"
 #include "qt/units.h"
 
 #include <QPainter>
@@ -15,8 +16,8 @@ constexpr int frameThickness = 1;
 constexpr int titleHeight = 24;
 constexpr int titleIndent = 8;
 
-/// A letter, not the style's close icon: in Qt 6.4 that icon is 10 pixels wide at any pixel ratio, and its grey can
-/// hardly be seen on a dark title bar. Never takes the focus.
+/// A letter, not the style's close icon: in Qt 6.4 that icon is 10 pixels wide at any pixel ratio, and its
+/// grey can hardly be seen on a dark title bar. Never takes the focus.
 QToolButton* createCloseBox(QWidget& page) {
   auto* const box = new QToolButton(&page);
   QFont large = box->font();
@@ -32,10 +33,10 @@ QToolButton* createCloseBox(QWidget& page) {
 
 } // namespace
 
-Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* host)
-    : QWidget(host), layout_(layout), events_(&events), ticker_(ticker),
+Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, HostWindow& host)
+    : QWidget(&host), layout_(layout), events_(&events), ticker_(ticker), host_(host),
       view_(new View(
-          layout, [this](ControlIndex control) { click(control); }, this)) {
+          layout, [this](ControlIndex control) { reportClick(control); }, this)) {
   if (layout.frame == Frame::toolWindow) {
     closeBox_ = createCloseBox(*this);
     connect(closeBox_, &QToolButton::clicked, this, [this] { reportClose(); });
@@ -46,7 +47,7 @@ Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* 
 
 void Page::fill(QSize host) {
   setGeometry({{}, host});
-  view_->setGeometry(innerArea());
+  view_->setGeometry(contentArea());
   if (closeBox_ == nullptr) return;
   const QRect bar = titleBar();
   closeBox_->setGeometry(bar.right() + 1 - titleHeight, bar.top(), titleHeight, titleHeight);
@@ -69,31 +70,42 @@ std::vector<SpokenText> Page::spokenTexts() const {
   return events_ == nullptr ? std::vector<SpokenText>{} : events_->spokenTexts(layout_.name);
 }
 
+std::string Page::takeAnnouncement() {
+  return events_ == nullptr ? std::string{} : events_->takeAnnouncement();
+}
+
 QRect Page::onDisplay(Point topLeft, Point bottomRight) const {
   const DrawingSurface& surface = view_->surface();
   const QRectF area{toPixels(topLeft) * surface.scale(), toPixels(bottomRight) * surface.scale()};
   return area.translated(surface.mapToGlobal(QPoint{})).toAlignedRect();
 }
 
-Events::KeyUse Page::pressKey(const KeyStroke& stroke) {
+/// The timers that one event starts start at the same instant.
+template <typename Event> void Page::report(Event event) {
   const Ticker::HeldInstant instant{ticker_};
-  return events_ == nullptr ? Events::KeyUse::screenChanged : events_->key(stroke.code, stroke.character);
+  if (events_ == nullptr) return;
+  event(*events_);
+  host_.announceSoon();
 }
 
-void Page::click(ControlIndex control) {
-  const Ticker::HeldInstant instant{ticker_};
-  if (events_ != nullptr) events_->click(control);
+Events::KeyUse Page::reportKey(const KeyStroke& stroke) {
+  auto use = Events::KeyUse::screenChanged;
+  report([&](Events& events) { use = events.key(stroke.code, stroke.character); });
+  return use;
 }
 
-/// The caller may be gone when it returns, but not the page.
-void Page::tick(ControlIndex timer) {
-  if (events_ != nullptr) events_->tick(layout_.name, timer);
+void Page::reportClick(ControlIndex control) {
+  report([&](Events& events) { events.click(control); });
+}
+
+/// The window may have been destroyed when this returns; the page has not.
+void Page::reportTick(ControlIndex timer) {
+  report([&](Events& events) { events.tick(layout_.name, timer); });
   view_->ignoreWhatWasDrawn();
 }
 
 void Page::reportClose() {
-  const Ticker::HeldInstant instant{ticker_};
-  if (events_ != nullptr) events_->close();
+  report([](Events& events) { events.close(); });
 }
 
 void Page::paintEvent(QPaintEvent* /*event*/) {
@@ -110,7 +122,7 @@ QRect Page::titleBar() const {
   return {frameThickness, frameThickness, width() - 2 * frameThickness, titleHeight};
 }
 
-QRect Page::innerArea() const {
+QRect Page::contentArea() const {
   if (layout_.frame == Frame::frameless) return rect();
   const int top = 2 * frameThickness + titleHeight;
   return rect().adjusted(frameThickness, top, -frameThickness, -frameThickness);

@@ -10,42 +10,48 @@ class QToolButton;
 
 namespace chiffrolo::qt {
 
-/// One screen: its frame and, within it, the view of its surface and controls. It tells `events` what the
-/// learner does there, until it is retired.
+class HostWindow;
+
+/// One screen: its frame and, inside it, the view of its surface and controls. It reports to `events` what
+/// the learner does there, until it is retired.
 class Page final : public QWidget {
 public:
   /// All of them outlive the page.
-  Page(const ScreenLayout& layout, Events& events, Ticker& ticker, QWidget* host);
+  Page(const ScreenLayout& layout, Events& events, Ticker& ticker, HostWindow& host);
 
-  /// Takes the whole of a host of that size at once, even while it is hidden.
+  /// Resizes the page to the host's size at once, also while it is hidden.
   void fill(QSize host);
-  /// Gives the keys to whichever part of the page had them last.
+  /// Gives the focus to the widget of the page that had it last.
   void takeFocus();
-  /// No event, no sight of it from now on; the object itself goes once all its handlers have returned.
+  /// Hides the page, which reports no events from now on. It is deleted when the event loop runs again.
   void retire();
 
   ScreenName name() const { return layout_.name; }
   bool hasButtons() const { return view_->firstButton() != nullptr; }
   View& view() { return *view_; }
 
-  /// What can be read on the surface now.
+  /// The texts that are visible on the surface; none once retired.
   std::vector<SpokenText> spokenTexts() const;
-  /// Where an area of the surface lies on the display, in pixels.
+  /// What a screen reader announces now; empty once retired.
+  std::string takeAnnouncement();
+  /// The area of the surface between two points, in pixels of the display.
   QRect onDisplay(Point topLeft, Point bottomRight) const;
 
-  Events::KeyUse pressKey(const KeyStroke& stroke);
-  void click(ControlIndex control);
-  void tick(ControlIndex timer);
+  Events::KeyUse reportKey(const KeyStroke& stroke);
+  void reportClick(ControlIndex control);
+  void reportTick(ControlIndex timer);
   void reportClose();
 
 private:
+  template <typename Event> void report(Event event);
   void paintEvent(QPaintEvent* event) override;
   QRect titleBar() const;
-  QRect innerArea() const;
+  QRect contentArea() const;
 
   const ScreenLayout& layout_;
   Events* events_; // null once retired
   Ticker& ticker_;
+  HostWindow& host_;
   View* view_;
   QToolButton* closeBox_{};
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/qt_platform.h"
 
+#include "qt/accessibility.h"
 #include "qt/qt_window.h"
 
 #include <QCoreApplication>
@@ -9,15 +10,14 @@
 
 namespace chiffrolo::qt {
 
-// To find the faces takes longest at a start: another core does it while the window opens.
+// Finding the faces takes the largest part of the start, so another thread does it while the window opens.
 QtPlatform::QtPlatform() {
   makeSurfacesReadable();
   faceSearch_ = std::jthread(findFaces);
 }
 
 std::unique_ptr<Window> QtPlatform::createWindow(const ScreenLayout& layout, Events& events) noexcept {
-  if (!events_) events_.emplace(events, host_);
-  return std::make_unique<QtWindow>(layout, *events_, host_, fonts_, ticker_);
+  return std::make_unique<QtWindow>(layout, events, host_, fonts_, ticker_);
 }
 
 std::uint64_t QtPlatform::timeOfDay() const noexcept {
@@ -27,8 +27,8 @@ std::uint64_t QtPlatform::timeOfDay() const noexcept {
 void QtPlatform::quit() noexcept {
   ticker_.shutDown();
   host_.hide();
-  // Not QCoreApplication::quit(): it asks the windows first, and ours does not close by itself. Queued, so
-  // that it works before the event loop runs, too.
+  // Not QCoreApplication::quit(): that sends close events, which the host refuses. Queued, so that it also
+  // works before the event loop runs.
   QMetaObject::invokeMethod(
       qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }

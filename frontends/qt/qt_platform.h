@@ -2,12 +2,10 @@
 #pragma once
 
 #include "platform.h"
-#include "qt/accessibility.h"
 #include "qt/fonts.h"
 #include "qt/host_window.h"
 #include "qt/ticker.h"
 
-#include <optional>
 #include <thread>
 
 namespace chiffrolo::qt {
@@ -26,7 +24,6 @@ private:
   Ticker ticker_;
   FontCache fonts_;
   HostWindow host_;
-  std::optional<SpeakingEvents> events_; // from the first window on
 };
 
 } // namespace chiffrolo::qt

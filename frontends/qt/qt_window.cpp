@@ -17,7 +17,7 @@ std::optional<QColor> toQt(std::optional<Colour> colour) {
 QtWindow::QtWindow(const ScreenLayout& layout, Events& events, HostWindow& host, FontCache& fonts,
                    Ticker& ticker)
     : layout_(layout), host_(host), fonts_(fonts), ticker_(ticker),
-      page_(*new Page(layout, events, ticker, &host)) {
+      page_(*new Page(layout, events, ticker, host)) {
   host_.add(page_);
   startTimersOnByDesign();
 }
@@ -87,6 +87,6 @@ void QtWindow::startTimer(ControlIndex timer, std::chrono::milliseconds interval
 
 void QtWindow::stopTimer(ControlIndex timer) noexcept { ticker_.stop({this, timer}); }
 
-void QtWindow::tick(ControlIndex timer) { page_.tick(timer); }
+void QtWindow::tick(ControlIndex timer) { page_.reportTick(timer); }
 
 } // namespace chiffrolo::qt
