@@ -18,10 +18,10 @@ namespace chiffrolo::qt {
 namespace {
 
 /// Fills the widget, but for an outline of one pixel of the layout.
-void paintFrame(QPainter& painter, const DevicePixels& dots, qreal scale, QColor outline, QColor fill) {
-  const int thickness = std::max(1, qRound(dots.ratio * scale));
-  painter.fillRect(dots.area, outline);
-  painter.fillRect(dots.area.adjusted(thickness, thickness, -thickness, -thickness), fill);
+void paintFrame(QPainter& painter, const DevicePixels& pixels, qreal scale, QColor outline, QColor fill) {
+  const int thickness = std::max(1, qRound(pixels.ratio * scale));
+  painter.fillRect(pixels.area, outline);
+  painter.fillRect(pixels.area.adjusted(thickness, thickness, -thickness, -thickness), fill);
 }
 
 /// An icon that can be clicked, as large as its picture.
@@ -37,69 +37,38 @@ public:
 private:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    const auto dots = paintInDevicePixels(painter, size());
-    painter.drawPixmap(0, 0, picture_.ofSize(dots.area.size()));
+    const auto pixels = paintInDevicePixels(painter, size());
+    painter.drawPixmap(0, 0, picture_.ofSize(pixels.area.size()));
   }
 
   ScaledPicture picture_;
 };
 
-class PictureBox final : public QWidget {
+/// A shape, a line or a picture box: it is painted and does nothing.
+class Decoration final : public QWidget {
 public:
-  PictureBox(const ControlLayout& row, DrawingSurface& surface)
-      : QWidget(&surface), surface_(surface), background_(toQt(row.background)), picture_(row.picture) {}
-
-private:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter{this};
-    const auto dots = paintInDevicePixels(painter, size());
-    painter.fillRect(dots.area, background_);
-    painter.drawPixmap(0, 0, picture_.atScale(dots.ratio * surface_.scale()));
-  }
-
-  const DrawingSurface& surface_;
-  QColor background_;
-  ScaledPicture picture_;
-};
-
-/// A filled rectangle with an outline.
-class ShapeControl final : public QWidget {
-public:
-  ShapeControl(const ControlLayout& row, DrawingSurface& surface)
-      : QWidget(&surface), surface_(surface), outline_(toQt(row.foreground)), fill_(toQt(row.background)) {
+  Decoration(const ControlLayout& row, DrawingSurface& surface)
+      : QWidget(&surface), row_(row), surface_(surface), picture_(row.picture) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
   }
 
 private:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter{this};
-    const auto dots = paintInDevicePixels(painter, size());
-    paintFrame(painter, dots, surface_.scale(), outline_, fill_);
+    if (row_.kind == ControlKind::line && row_.place.width != 0 && row_.place.height != 0)
+      return paintDiagonal(painter);
+    const auto pixels = paintInDevicePixels(painter, size());
+    switch (row_.kind) {
+    case ControlKind::shape:
+      return paintFrame(painter, pixels, surface_.scale(), toQt(row_.foreground), toQt(row_.background));
+    case ControlKind::line: return painter.fillRect(pixels.area, toQt(row_.foreground));
+    default:
+      painter.fillRect(pixels.area, toQt(row_.background));
+      painter.drawPixmap(0, 0, picture_.atScale(pixels.ratio * surface_.scale()));
+    }
   }
 
-  const DrawingSurface& surface_;
-  QColor outline_;
-  QColor fill_;
-};
-
-/// From its top left corner to its bottom right one, one pixel of the layout thick.
-class LineControl final : public QWidget {
-public:
-  LineControl(const ControlLayout& row, DrawingSurface& surface)
-      : QWidget(&surface), row_(row), surface_(surface) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-  }
-
-private:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter{this};
-    const bool isDiagonal = row_.place.width != 0 && row_.place.height != 0;
-    if (isDiagonal)
-      paintDiagonal(painter);
-    else
-      painter.fillRect(paintInDevicePixels(painter, size()).area, toQt(row_.foreground));
-  }
-
+  /// One pixel of the layout thick.
   void paintDiagonal(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen({toQt(row_.foreground), surface_.scale()});
@@ -108,6 +77,7 @@ private:
 
   const ControlLayout& row_;
   const DrawingSurface& surface_;
+  ScaledPicture picture_;
 };
 
 /// Its colours are those of the layout, whatever the desktop prefers, and its words wrap in the same places
@@ -194,9 +164,9 @@ QWidget* createWidget(const ControlLayout& row, DrawingSurface& surface) {
   case ControlKind::label: return new LabelControl(row, surface);
   case ControlKind::button: return new ButtonControl(row, surface);
   case ControlKind::image: return new ImageControl(row, surface);
-  case ControlKind::line: return new LineControl(row, surface);
-  case ControlKind::shape: return new ShapeControl(row, surface);
-  case ControlKind::pictureBox: return new PictureBox(row, surface);
+  case ControlKind::line:
+  case ControlKind::shape:
+  case ControlKind::pictureBox: return new Decoration(row, surface);
   case ControlKind::timer: break;
   }
   return nullptr;

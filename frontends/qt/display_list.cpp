@@ -13,8 +13,6 @@ namespace {
 
 bool isBox(const Figure& figure) { return figure.form == Figure::Form::box; }
 
-bool isFilled(const Figure& figure) { return figure.inside == Figure::Inside::filled; }
-
 QRectF inkOf(const PrintedText& printed) {
   return printed.face->inkArea(printed.text).translated(printed.topLeft);
 }
@@ -27,17 +25,16 @@ QRectF inkOf(const Figure& figure) {
 void paintBox(QPainter& painter, qreal ratio, const Figure& box, const Drawing& drawing) {
   const DevicePixelGrid grid{ratio, box.thickness};
   const QRect outer = grid.outer(QRectF{box.from, box.to}.normalized());
-  if (isFilled(box)) painter.fillRect(outer, drawing.fill);
+  if (drawing.fill) painter.fillRect(outer, *drawing.fill);
   if (drawing.flatColour()) return;
   for (const auto& side : grid.sides(outer))
     painter.fillRect(side, drawing.colour);
 }
 
-/// In pixels.
 void paintRound(QPainter& painter, const Figure& figure, const Drawing& drawing) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen({drawing.colour, qreal(figure.thickness), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
-  painter.setBrush(isFilled(figure) ? QBrush{drawing.fill} : QBrush{Qt::NoBrush});
+  painter.setBrush(drawing.fill ? QBrush{*drawing.fill} : QBrush{Qt::NoBrush});
   if (figure.form == Figure::Form::segment)
     painter.drawLine(figure.from, figure.to);
   else
@@ -63,8 +60,7 @@ void paintDrawing(QPainter& painter, qreal ratio, const Drawing& drawing) {
 
 std::optional<QColor> Drawing::flatColour() const {
   const auto* const figure = std::get_if<Figure>(&shape);
-  const bool isFlat = figure != nullptr && isBox(*figure) && isFilled(*figure) && colour == fill;
-  return isFlat ? std::optional(colour) : std::nullopt;
+  return figure != nullptr && isBox(*figure) && colour == fill ? fill : std::nullopt;
 }
 
 QRectF Drawing::ink() const {
@@ -72,17 +68,18 @@ QRectF Drawing::ink() const {
 }
 
 bool DisplayList::Entry::isReplacedBy(const Entry& later) const {
-  if (drawing.shape == later.drawing.shape) return true;
+  if (drawing.shape == later.drawing.shape && drawing.fill.has_value() == later.drawing.fill.has_value())
+    return true;
   const auto* const figure = std::get_if<Figure>(&later.drawing.shape);
-  return figure != nullptr && isBox(*figure) && isFilled(*figure) && later.ink.contains(ink);
+  return figure != nullptr && isBox(*figure) && later.drawing.fill && later.ink.contains(ink);
 }
 
 std::optional<QColor> DisplayList::Entry::colourOf(const QRectF& area) const {
   const auto* const figure = std::get_if<Figure>(&drawing.shape);
-  if (figure == nullptr || !isBox(*figure) || !isFilled(*figure)) return std::nullopt;
+  if (figure == nullptr || !isBox(*figure)) return std::nullopt;
   const qreal outline = flat ? 0 : figure->thickness;
   const bool fillsAll = ink.adjusted(outline, outline, -outline, -outline).contains(area);
-  return fillsAll ? std::optional(drawing.fill) : std::nullopt;
+  return fillsAll ? drawing.fill : std::nullopt;
 }
 
 DisplayList::Change DisplayList::add(const Drawing& drawing) {
@@ -108,7 +105,8 @@ void DisplayList::paint(QPainter& painter, qreal ratio,
     if (isSeen(entry.ink)) paintDrawing(painter, ratio, entry.drawing);
 }
 
-/// A flat box changes only what is of another colour: most of a band that is erased is blank already.
+/// A box in the background colour changes only what has another colour: most of an erased band is blank
+/// already.
 QRectF DisplayList::areaChangedBy(const Entry& added) const {
   if (added.flat != background_) return added.ink;
   QRectF area;
@@ -117,7 +115,7 @@ QRectF DisplayList::areaChangedBy(const Entry& added) const {
   return area;
 }
 
-/// Nothing, where it is of several colours.
+/// Nothing if the area has several colours.
 std::optional<QColor> DisplayList::groundOf(const QRectF& area) const {
   const auto topmost = std::find_if(entries_.rbegin(), entries_.rend(),
                                     [&](const Entry& entry) { return entry.ink.intersects(area); });

@@ -21,49 +21,48 @@ struct PrintedText {
   bool operator==(const PrintedText&) const = default;
 };
 
-/// A box and an ellipse lie between two corners of any order.
+/// Boxes and ellipses lie between two opposite corners.
 struct Figure {
   enum class Form : std::uint8_t { segment, box, ellipse };
-  enum class Inside : std::uint8_t { empty, filled };
 
   Form form{};
   QPointF from;
   QPointF to;
   int thickness{1};
-  Inside inside{};
   bool operator==(const Figure&) const = default;
 };
 
-/// One thing drawn. Lengths are in pixels of the layout.
+/// One drawing operation. Lengths are in pixels of the layout.
 struct Drawing {
   std::variant<PrintedText, Figure> shape;
   QColor colour;
-  QColor fill{}; ///< of a filled figure
+  std::optional<QColor> fill{}; ///< of a box or an ellipse
 
-  /// The colour of a box that is of one colour only.
+  /// The colour of a box that has one colour only.
   std::optional<QColor> flatColour() const;
-  /// What it paints on, its softened edges left out; empty for blanks.
+  /// The area that it paints on, without its antialiased edges; empty for blanks.
   QRectF ink() const;
 };
 
-/// All that can be seen on a surface, as what was drawn there: it is painted anew at any scale. What
-/// something later hides or replaces is forgotten, so that the list stays short however long it is drawn on.
+/// The retained picture of a surface: the drawing operations from which it is painted at any scale.
+/// Operations that are hidden or replaced by a later one are removed, so that the list stays short.
 class DisplayList {
 public:
   explicit DisplayList(QColor background) : background_(background) {}
 
   struct Change {
-    QRectF area;  ///< all that may look different from before
-    QRectF drawn; ///< what was drawn to be seen; empty for an erasure
+    QRectF area;  ///< where the picture may have changed
+    QRectF drawn; ///< where something visible was drawn; empty for an erasure
   };
 
-  /// The same shape at the same place replaces the earlier one: merely drawn on top, it would let the
-  /// softened edges of the first shine through, and erasing a text in the colour of its ground would leave
-  /// its outline.
+  /// The same shape at the same place replaces the earlier one: painted over it, the antialiased edges of the
+  /// earlier one would shine through, and a text that is erased in the background colour would leave an
+  /// outline.
   Change add(const Drawing& drawing);
   void clear(QColor background);
 
-  /// Paints in dots, of which there are `ratio` to a pixel, everything whose ink `isSeen`.
+  /// Paints the operations whose ink `isSeen`, in device pixels; `ratio` is device pixels per pixel of the
+  /// layout.
   void paint(QPainter& painter, qreal ratio, const std::function<bool(const QRectF& ink)>& isSeen) const;
 
   QColor background() const { return background_; }
@@ -76,7 +75,7 @@ private:
     std::optional<QColor> flat;
 
     bool isReplacedBy(const Entry& later) const;
-    /// The colour of `area`, if the entry fills all of it with one.
+    /// The colour of `area`, if the entry fills all of it with one colour.
     std::optional<QColor> colourOf(const QRectF& area) const;
   };
 
@@ -84,7 +83,7 @@ private:
   std::optional<QColor> groundOf(const QRectF& area) const;
 
   QColor background_;
-  std::vector<Entry> entries_; // the topmost is the last
+  std::vector<Entry> entries_; // the last one is on top
 };
 
 } // namespace chiffrolo::qt

@@ -18,10 +18,6 @@ bool isStraight(QPointF from, QPointF to) {
   return std::min(std::abs(across.x()), std::abs(across.y())) < 0.5;
 }
 
-Figure::Inside inside(std::optional<QColor> fill) {
-  return fill ? Figure::Inside::filled : Figure::Inside::empty;
-}
-
 } // namespace
 
 DrawingSurface::DrawingSurface(QColor background, QWidget* parent, std::function<void()> onDrawn)
@@ -40,15 +36,13 @@ void DrawingSurface::drawSegment(QPointF from, QPointF to, int thickness, QColor
 
 void DrawingSurface::drawBox(QPointF corner, QPointF opposite, int thickness, QColor outline,
                              std::optional<QColor> fill) {
-  add({Figure{Figure::Form::box, corner, opposite, thickness, inside(fill)}, outline,
-       fill.value_or(QColor{})});
+  add({Figure{Figure::Form::box, corner, opposite, thickness}, outline, fill});
 }
 
 void DrawingSurface::drawEllipse(QPointF centre, QSizeF radii, int thickness, QColor outline,
                                  std::optional<QColor> fill) {
   const QPointF corner{radii.width(), radii.height()};
-  add({Figure{Figure::Form::ellipse, centre - corner, centre + corner, thickness, inside(fill)}, outline,
-       fill.value_or(QColor{})});
+  add({Figure{Figure::Form::ellipse, centre - corner, centre + corner, thickness}, outline, fill});
 }
 
 void DrawingSurface::clear(QColor background) {
@@ -78,7 +72,8 @@ void DrawingSurface::paintEvent(QPaintEvent* event) {
 }
 
 QRect DrawingSurface::painted(const QRectF& ink) const {
-  constexpr qreal softening = 1; // no edge reaches further, on whatever dot it comes to lie
+  constexpr qreal softening =
+      1; // how far antialiased edges reach at most, wherever they lie between device pixels
   return QRectF{ink.topLeft() * scale_, ink.size() * scale_}
       .adjusted(-softening, -softening, softening, softening)
       .toAlignedRect();

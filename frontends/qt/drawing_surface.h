@@ -10,10 +10,10 @@
 
 namespace chiffrolo::qt {
 
-/// What a screen draws on, below its controls. Places are in pixels of the layout, from its top left corner.
+/// The drawing surface of a screen, below its controls. Positions are in pixels of the layout.
 class DrawingSurface final : public QWidget {
 public:
-  /// `onDrawn` is called when something was drawn to be seen.
+  /// `onDrawn` is called when something visible was drawn.
   DrawingSurface(
       QColor background, QWidget* parent, std::function<void()> onDrawn = [] {});
 
@@ -23,11 +23,11 @@ public:
   void drawEllipse(QPointF centre, QSizeF radii, int thickness, QColor outline, std::optional<QColor> fill);
   void clear(QColor background);
 
-  /// How many pixels of the widget make one of the layout; 1 until it is set.
+  /// Pixels of the widget per pixel of the layout. 1 until it is set.
   void setScale(qreal scale);
   qreal scale() const { return scale_; }
 
-  /// What was drawn to be seen since this was last asked, in pixels of the layout.
+  /// The area in which something visible was drawn since the last call, in pixels of the layout.
   QRectF takeDrawn() { return std::exchange(drawn_, {}); }
   const DisplayList& picture() const { return picture_; }
 
@@ -35,7 +35,7 @@ private:
   void paintEvent(QPaintEvent* event) override;
 
   void add(const Drawing& drawing);
-  /// What may be painted when `ink` is, in pixels of the widget.
+  /// The area that must be repainted for `ink`, in pixels of the widget.
   QRect painted(const QRectF& ink) const;
 
   DisplayList picture_;

@@ -132,15 +132,9 @@ void TextFace::draw(QPainter& painter, QPointF topLeft, const QString& text) con
   painter.restore();
 }
 
-bool FontCache::Entry::is(const Font& font) const {
-  return size == font.size && weight == font.weight && slant == font.slant && name == font.face;
-}
-
 const TextFace& FontCache::face(const Font& font) {
-  const auto found = std::ranges::find_if(entries_, [&](const Entry& entry) { return entry.is(font); });
-  if (found != entries_.end()) return found->face;
-  const Entry made{std::string(font.face), font.size, font.weight, font.slant, TextFace{font}};
-  return entries_.emplace_back(made).face;
+  const Key key{font.face, font.size, font.weight, font.slant};
+  return faces_.try_emplace(key, font).first->second;
 }
 
 } // namespace chiffrolo::qt

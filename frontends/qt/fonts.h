@@ -6,9 +6,9 @@
 #include <QFont>
 #include <QFontMetricsF>
 
-#include <list>
 #include <map>
 #include <string>
+#include <tuple>
 
 class QPainter;
 
@@ -54,24 +54,16 @@ private:
   mutable std::map<QChar, Cell> cells_; // of the characters that were measured so far, in pixels
 };
 
-/// The few faces and sizes that the screens draw with, each made once: a key press must not wait for a font.
+/// The fonts that the screens draw with, each created once: creating one takes longer than a key press may.
 class FontCache {
 public:
   /// Valid as long as the cache.
   const TextFace& face(const Font& font);
 
 private:
-  struct Entry {
-    std::string name;
-    Points size{};
-    Weight weight{};
-    Slant slant{};
-    TextFace face;
+  using Key = std::tuple<std::string, Points, Weight, Slant>;
 
-    bool is(const Font& font) const;
-  };
-
-  std::list<Entry> entries_;
+  std::map<Key, TextFace> faces_;
 };
 
 } // namespace chiffrolo::qt
