@@ -17,14 +17,14 @@ namespace chiffrolo::qt {
 
 namespace {
 
-/// Fills the widget, but for an outline of one pixel of the layout.
+/// Fills the widget and draws an outline of one pixel of the layout.
 void paintFrame(QPainter& painter, const DevicePixels& pixels, qreal scale, QColor outline, QColor fill) {
   const int thickness = std::max(1, qRound(pixels.ratio * scale));
   painter.fillRect(pixels.area, outline);
   painter.fillRect(pixels.area.adjusted(thickness, thickness, -thickness, -thickness), fill);
 }
 
-/// An icon that can be clicked, as large as its picture.
+/// A picture that can be clicked.
 class ImageControl final : public QAbstractButton {
 public:
   ImageControl(const ControlLayout& row, DrawingSurface& surface)
@@ -80,8 +80,7 @@ private:
   ScaledPicture picture_;
 };
 
-/// Its colours are those of the layout, whatever the desktop prefers, and its words wrap in the same places
-/// at any scale.
+/// Has the colours of the layout, not the theme's, and wraps its text at the same words at any scale.
 class LabelControl final : public QLabel {
 public:
   LabelControl(const ControlLayout& row, DrawingSurface& surface)
@@ -119,12 +118,12 @@ private:
   const DrawingSurface& surface_;
 };
 
-/// Some styles hardly show which button has the focus: this one has a ring in addition.
+/// Draws a ring when it has the focus, because some styles hardly show that.
 class ButtonControl final : public QPushButton {
 public:
   ButtonControl(const ControlLayout& row, DrawingSurface& surface)
       : QPushButton(&surface), row_(row), surface_(surface) {
-    setText(toQt(row.caption).replace(u'&', QStringLiteral("&&"))); // not a shortcut
+    setText(toQt(row.caption).replace(u'&', QStringLiteral("&&"))); // an ampersand, not a shortcut
     setToolTip(toQt(row.tooltip));
     setAutoDefault(true); // Enter clicks it, not only the space bar
   }
@@ -153,7 +152,7 @@ private:
     painter.drawRoundedRect(QRectF{place()}.adjusted(inset, inset, -inset, -inset), inset, inset);
   }
 
-  static constexpr QSize ring{8, 8}; // takes up that much, on both sides together
+  static constexpr QSize ring{8, 8}; // what the ring takes from the width and the height
 
   const ControlLayout& row_;
   const DrawingSurface& surface_;
@@ -185,7 +184,7 @@ QWidget* createControl(const ControlLayout& row, DrawingSurface& surface,
   return control;
 }
 
-/// A line covers the dots at both of its ends, be it as flat as it may.
+/// A line includes both of its end points.
 void placeControl(QWidget& control, const ControlLayout& row, qreal scale) {
   const int thickness = row.kind == ControlKind::line ? std::max(1, qRound(scale)) : 0;
   control.setGeometry(toPixels(row.place, scale).adjusted(0, 0, thickness, thickness));

@@ -11,7 +11,7 @@ namespace chiffrolo::qt {
 DevicePixelGrid::DevicePixelGrid(qreal ratio, int thickness)
     : ratio_(ratio), thickness_(std::max(1, qRound(thickness * ratio))) {}
 
-/// The first dot across a stroke that is centred on `pixel`.
+/// The first device pixel across a stroke that is centred on `pixel`.
 int DevicePixelGrid::first(qreal pixel) const {
   return static_cast<int>(std::floor(pixel * ratio_ - (thickness_ - 1) / 2.0));
 }

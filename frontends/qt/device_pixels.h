@@ -9,32 +9,32 @@ class QPainter;
 
 namespace chiffrolo::qt {
 
-/// Puts strokes on whole dots, where they are neither blurred nor of uneven thickness.
+/// Aligns strokes to device pixels, so that they are sharp and equally thick.
 class DevicePixelGrid {
 public:
-  /// `ratio` is in dots per pixel, `thickness` of the strokes in pixels.
+  /// `ratio` is device pixels per pixel, `thickness` that of the strokes in pixels.
   DevicePixelGrid(qreal ratio, int thickness);
 
-  /// What a stroke around `area` (pixels) covers, its inside too.
+  /// The device pixels that a stroke around `area` (pixels) and its inside cover.
   QRect outer(const QRectF& area) const;
-  /// The four parts of that stroke.
+  /// The four sides of that stroke, in device pixels.
   std::array<QRect, 4> sides(const QRect& outer) const;
 
 private:
   int first(qreal pixel) const;
 
   qreal ratio_;
-  int thickness_; // in dots
+  int thickness_; // in device pixels
 };
 
-/// A widget in dots of the device that it is painted on.
+/// The area of a widget on the device that it is painted on.
 struct DevicePixels {
-  QRect area;     ///< from its top left dot
-  qreal ratio{1}; ///< dots to a pixel of the widget
+  QRect area;     ///< in device pixels, from its top left corner
+  qreal ratio{1}; ///< device pixels per pixel of the widget
 };
 
-/// From now on, `painter`, fresh in a widget of that size, paints in whole dots from the top left one of the
-/// widget, wherever the widget lies and however many dots make a pixel.
+/// Sets up a painter that was just created for a widget of that size: from now on it paints in device pixels,
+/// from the widget's top left corner.
 DevicePixels paintInDevicePixels(QPainter& painter, QSize widget);
 
 } // namespace chiffrolo::qt

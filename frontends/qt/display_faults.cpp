@@ -29,7 +29,8 @@ void print(int descriptor, std::string_view line) {
   [[maybe_unused]] const auto written = write(descriptor, line.data(), line.size());
 }
 
-/// Linux: on Wayland several threads may notice it at once. The first one tells, and lets no other go on.
+/// Wayland: several threads may detect the loss at once. The first one prints the line; the others wait for
+/// the end.
 [[noreturn]] void giveUp(std::string_view line) {
   static std::mutex turn;
   turn.lock();
@@ -37,20 +38,21 @@ void print(int descriptor, std::string_view line) {
   std::_Exit(EXIT_FAILURE);
 }
 
-/// Linux: the plugins for X11 and Wayland say so and then call `exit`, with all windows still open.
-bool tellsLostDisplay(const QString& message) {
+/// Qt 6.4: when the display is lost, the xcb and Wayland plugins print one of these messages and call `exit`
+/// while all windows are still open.
+bool reportsLostDisplay(const QString& message) {
   return message.startsWith(QLatin1StringView{"The X11 connection broke"}) ||
          message.startsWith(QLatin1StringView{"The Wayland connection"});
 }
 
-/// All platforms: without a display Qt explains at length which plugins it tried, and aborts.
+/// Qt 6.4, all platforms: without a display, QApplication prints which plugins it tried, and aborts.
 void onMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  if (tellsLostDisplay(message)) giveUp(displayLost);
+  if (reportsLostDisplay(message)) giveUp(displayLost);
   if (type == QtFatalMsg) giveUp(noDisplay);
   print(STDERR_FILENO, (qFormatLogMessage(type, context, message) + u'\n').toStdString());
 }
 
-/// Linux: the X11 libraries write to standard error by themselves when the display refuses the connection.
+/// Linux: libX11 and libxcb write to standard error themselves when the X server refuses the connection.
 class SilentStandardError {
 public:
   SilentStandardError() {
@@ -73,8 +75,8 @@ std::unique_ptr<QApplication> openDisplay(int& argc, char** argv) {
   return std::make_unique<QApplication>(argc, argv);
 }
 
-/// Wayland: Qt 6.4 may wait for ever for its own thread, which waits for it, and the process would stay
-/// behind.
+/// Qt 6.4 on Wayland: the destructor of QApplication may deadlock with Qt's event thread, and the process
+/// would stay without a window.
 void closeDisplay(std::unique_ptr<QApplication> application, int status) {
   if (QApplication::platformName().startsWith(QLatin1StringView{"wayland"})) std::_Exit(status);
   application.reset();

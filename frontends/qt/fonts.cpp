@@ -16,14 +16,14 @@ namespace {
 enum class Slanting : std::uint8_t { asAsked, never };
 
 struct Face {
-  const char* asked{}; // in small letters
+  const char* asked{}; // in lower case
   const char* family{};
   const char* standIn{};
-  QFont::StyleHint kind{QFont::AnyStyle}; // for when neither is installed
+  QFont::StyleHint kind{QFont::AnyStyle}; // used if neither family is installed
   Slanting slanting{Slanting::asAsked};
 };
 
-/// The script faces have one style only and lean already: slanted once more, they would be hard to read.
+/// `never`: a script face that is slanted by design. Slanted once more, it would be hard to read.
 constexpr std::array faces{
     Face{"times new roman", "Times New Roman", "Liberation Serif", QFont::Serif},
     Face{"times", "Times New Roman", "Liberation Serif", QFont::Serif},
@@ -45,7 +45,7 @@ const QStringList& installedFamilies() {
   return families;
 }
 
-/// Asked for a face that is not installed, Qt would have the whole system searched for one that is like it.
+/// Checked first, because Qt searches all fonts of the system for a substitute if a family is not installed.
 QString installedFamily(const Face& face) {
   const QString family = QString::fromLatin1(face.family);
   const bool isInstalled = installedFamilies().contains(family, Qt::CaseInsensitive);
@@ -61,7 +61,7 @@ QFont makeFont(const Font& font, int multiple) {
   made.setBold(font.weight == Weight::bold);
   made.setItalic(font.slant == Slant::italic && (known == nullptr || known->slanting == Slanting::asAsked));
   made.setHintingPreference(QFont::PreferNoHinting);
-  // One face has all the letters of French: to look for others that might help out would delay the start.
+  // No font merging: one face has all letters of French, and searching for fallback faces delays the start.
   made.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias |
                                                           QFont::NoSubpixelAntialias | QFont::NoFontMerging));
   return made;
@@ -72,7 +72,7 @@ bool fits(const QFont& font, const QString& caption, QSize room) {
   return area.width() <= room.width() && area.height() <= room.height();
 }
 
-/// Digits of a column must keep their distance: some faces draw two ones closer together.
+/// With kerning, some faces draw "11" narrower than other digits, and columns of digits would not align.
 QFont withoutKerning(QFont font) {
   font.setKerning(false);
   return font;
@@ -85,17 +85,17 @@ void findFaces() { installedFamilies(); }
 QFont captionFont(const Font& font) { return makeFont(font, 1); }
 
 QFont fittingFont(const Font& font, const QString& caption, QSize room) {
-  constexpr int leastSize = 6; // pixels; smaller ones cannot be read
+  constexpr int smallestSize = 6; // pixels; smaller text cannot be read
   QFont fitting = captionFont(font);
-  while (fitting.pixelSize() > leastSize && !fits(fitting, caption, room))
+  while (fitting.pixelSize() > smallestSize && !fits(fitting, caption, room))
     fitting.setPixelSize(fitting.pixelSize() - 1);
   return fitting;
 }
 
 TextFace::TextFace(const Font& font) : font_(withoutKerning(makeFont(font, multiple_))), metrics_(font_) {}
 
-/// Without kerning a text is as wide as its characters, and Qt sets a text anew each time that it measures
-/// one.
+/// The sum of the characters' widths, which is exact without kerning. Measured once per character, because
+/// QFontMetricsF lays out the text in each call.
 qreal TextFace::width(const QString& text) const {
   qreal sum = 0;
   for (const QChar character : text)

@@ -14,18 +14,18 @@ class QPainter;
 
 namespace chiffrolo::qt {
 
-/// Finds out which faces are installed. What one thread finds, all know.
+/// Finds the installed families, for all threads. Takes long the first time.
 void findFaces();
 
-/// The font of a caption, in whole pixels. Waits until it is known which faces are installed.
+/// The font of a caption, in whole pixels. Waits until the installed families are found.
 QFont captionFont(const Font& font);
-/// The same, or as much smaller as it takes to show all of a caption, wrapped at words, within `room`
-/// (pixels): the face that stands in for a missing one may be wider.
+/// The same, or the largest smaller font in which `caption`, wrapped between words, fits into `room`
+/// (pixels): a substitute for a missing face may be wider.
 QFont fittingFont(const Font& font, const QString& caption, QSize room);
 
-/// A font to draw with. All lengths are in pixels, and those of the face itself: Qt rounds sizes to whole
-/// pixels and hinting rounds widths, so text is set in a multiple of its size, without hinting, and scaled
-/// down.
+/// A font for drawing. All lengths are in pixels and have the face's exact proportions: because Qt rounds
+/// font sizes to whole pixels and hinting rounds widths, text is drawn in a multiple of its size, without
+/// hinting, and scaled down.
 class TextFace {
 public:
   explicit TextFace(const Font& font);
@@ -34,9 +34,9 @@ public:
   qreal lineHeight() const { return metrics_.height() * scale_; }
   qreal averageCharacterWidth() const { return metrics_.averageCharWidth() * scale_; }
 
-  /// All that `draw` paints on, from its `topLeft`; empty for blanks.
+  /// The area that `draw` paints on, relative to `topLeft`; empty for blanks.
   QRectF inkArea(const QString& text) const;
-  /// With the pen of `painter`.
+  /// Uses the pen of `painter`.
   void draw(QPainter& painter, QPointF topLeft, const QString& text) const;
 
 private:
@@ -45,13 +45,13 @@ private:
 
   struct Cell {
     qreal width{};
-    QRectF ink; // from the top left corner of the cell
+    QRectF ink; // relative to the top left corner of the cell
   };
   const Cell& cell(QChar character) const;
 
   QFont font_;
   QFontMetricsF metrics_;
-  mutable std::map<QChar, Cell> cells_; // of the characters that were measured so far, in pixels
+  mutable std::map<QChar, Cell> cells_; // of the characters measured so far
 };
 
 /// The fonts that the screens draw with, each created once: creating one takes longer than a key press may.

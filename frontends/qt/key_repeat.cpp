@@ -5,8 +5,8 @@ namespace chiffrolo::qt {
 
 namespace {
 
-/// X11 repeats a held key as pairs of a release and a press with one time stamp, and on a busy machine Qt
-/// sees the two too far apart to mark them as a repeat. No finger is that fast.
+/// X11 sends auto-repeat as pairs of a release and a press with equal timestamps. On a busy machine, Qt 6.4
+/// receives the two too far apart to mark them as auto-repeat. A finger is slower than that.
 constexpr KeyRepeatFilter::Milliseconds repeatGap = 1;
 
 bool isAtOnce(KeyRepeatFilter::Milliseconds press, std::optional<KeyRepeatFilter::Milliseconds> release) {

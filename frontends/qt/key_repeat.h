@@ -9,12 +9,12 @@
 
 namespace chiffrolo::qt {
 
-/// Lets a held key act on the screen where it was freshly pressed only, lest a child who holds Enter a little
-/// too long runs through the next screen without having seen it.
+/// Drops auto-repeat of a key that was pressed on another screen: a child who holds Enter too long must not
+/// skip the next screen.
 class KeyRepeatFilter {
 public:
   using ScanCode = std::uint32_t;
-  using Milliseconds = std::uint64_t; ///< time stamps of the window system, from any origin
+  using Milliseconds = std::uint64_t; ///< timestamps of the window system, from any origin
   static constexpr Milliseconds unknown = 0;
 
   enum class Origin : std::uint8_t { hand, autoRepeat };
@@ -22,7 +22,7 @@ public:
 
   Verdict press(ScanCode key, Milliseconds time, Origin origin, ScreenName activeScreen);
   void release(ScanCode key, Milliseconds time, Origin origin);
-  /// None of the key's repeats counts until it is freshly pressed again.
+  /// Drops the auto-repeat of the key until it is pressed again.
   void dropRepeats(ScanCode key) { keys_.erase(key); }
 
 private:

@@ -31,11 +31,12 @@ bool isModifier(int key) {
   }
 }
 
-// ---- What Qt 6.4 leaves to the native codes ---------------------------------------------------------------
+// ---- What Qt 6.4 reports in native codes only
+// ---------------------------------------------------------------
 
-constexpr quint32 fifthModifier = 0x80; // of X11: AltGr
+constexpr quint32 fifthModifier = 0x80; // AltGr on X11
 
-/// Wayland: only the native modifiers tell.
+/// Qt 6.4 on Wayland reports AltGr in the native modifiers only.
 bool isWithAltGr(const QKeyEvent& press, NativeCodes codes) {
   const bool isNative = codes == NativeCodes::ofX11 && (press.nativeModifiers() & fifthModifier) != 0;
   return isNative || press.modifiers().testFlag(Qt::GroupSwitchModifier);
@@ -45,7 +46,7 @@ bool isWithCommand(const QKeyEvent& press) {
   return (press.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
 }
 
-/// Keys that lie side by side have scan codes in a row; both ends belong to it.
+/// Scan codes of adjacent keys, both ends included.
 struct ScanCodes {
   quint32 first;
   quint32 last;
@@ -58,17 +59,17 @@ struct ScanCodes {
 constexpr ScanCodes digitRow{10, 19}; // 1 to 9, then 0, on every layout
 constexpr ScanCodes keypad{79, 91};   // from 7 to the decimal separator
 
-/// Wayland: only the scan code tells.
+/// Qt 6.4 on Wayland reports the keypad in the scan code only.
 bool isOnKeypad(const QKeyEvent& press, NativeCodes codes) {
   return keypad.contain(press, codes) || press.modifiers().testFlag(Qt::KeypadModifier);
 }
 
 // ---- Digits -----------------------------------------------------------------------------------------------
 
-/// Not QChar::isDigit: Unicode has other digits.
+/// Not QChar::isDigit, which accepts the digits of other scripts.
 bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
 
-/// What a key of the keypad means: its digit, in the order in which they count, without Num Lock.
+/// The keys of the keypad without Num Lock, ordered by their digits 0 to 9.
 constexpr std::array keypadKeys{Qt::Key_Insert, Qt::Key_End,   Qt::Key_Down,  Qt::Key_PageDown,
                                 Qt::Key_Left,   Qt::Key_Clear, Qt::Key_Right, Qt::Key_Home,
                                 Qt::Key_Up,     Qt::Key_PageUp};
@@ -82,22 +83,21 @@ std::optional<char32_t> digitOfKeypad(int key) {
 
 char32_t digitOfRow(quint32 scanCode) { return U'0' + (scanCode - digitRow.first + 1) % 10; }
 
-/// The first rule that fits decides.
+/// The first rule that applies decides.
 std::optional<char32_t> typedDigit(const QKeyEvent& press, NativeCodes codes) {
   const QString text = press.text();
   if (isWithCommand(press) || isWithAltGr(press, codes)) return std::nullopt;
   if (text.size() == 1 && isDigit(text.front())) return text.front().unicode();
   if (isOnKeypad(press, codes)) return digitOfKeypad(press.key());
   if (press.modifiers().testFlag(Qt::ShiftModifier)) return std::nullopt;
-  if (text == u"=") return std::nullopt; // submits, and some layouts have it in the digit row
+  if (text == u"=") return std::nullopt; // it submits; some layouts have it in the digit row
   if (digitRow.contain(press, codes)) return digitOfRow(press.nativeScanCode());
   return std::nullopt;
 }
 
 // ---- Other characters -------------------------------------------------------------------------------------
 
-/// Characters beyond the first 65536 do not fit into one code unit and count as none; a digit that is none by
-/// the rules above is no other character either.
+/// Characters beyond U+FFFF are ignored, and so are digits that the rules above do not accept.
 std::optional<char32_t> typedCharacter(const QKeyEvent& press) {
   if (isWithCommand(press)) return std::nullopt;
   const QString text = press.text();

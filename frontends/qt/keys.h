@@ -14,14 +14,14 @@ struct KeyStroke {
   bool operator==(const KeyStroke&) const = default;
 };
 
-/// What the native codes of a key event tell: those of X11, which Wayland has taken over, tell the place of
-/// the key on the keyboard, whatever its layout makes of it; those of other platforms are not looked at.
+/// Whether the native codes of key events are known. X11 and Wayland have the same scan codes, which identify
+/// the physical key on any layout.
 enum class NativeCodes : std::uint8_t { notKnown, ofX11 };
 NativeCodes nativeCodes();
 
-/// What a key press means to the program; nothing for a modifier on its own. Codes are translated, not passed
-/// on: Qt's own code of the apostrophe is that of the right arrow across the boundary. The digit row and the
-/// keypad type digits without Shift, Caps Lock or Num Lock, too.
+/// Translates a key press for the program; nothing for a modifier alone. Qt's key codes are not passed on:
+/// Qt's code of the apostrophe is the program's code of the right arrow. The digit row and the keypad type
+/// digits also without Shift, Caps Lock or Num Lock.
 std::optional<KeyStroke> translateKey(const QKeyEvent& press, NativeCodes codes = nativeCodes());
 
 } // namespace chiffrolo::qt

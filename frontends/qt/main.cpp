@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Returns the status with which the event loop ended.
+/// Returns the exit status of the event loop.
 int play() {
   chiffrolo::qt::QtPlatform platform;
   chiffrolo::Program program{platform, chiffrolo::allScreens};

@@ -12,7 +12,7 @@ struct Files {
   const char* large;
 };
 
-/// By number of the picture.
+/// By `Picture`.
 constexpr std::array<Files, 4> files{{
     {"", ""},
     {":/fleche.png", ":/fleche-grande.png"},
@@ -22,7 +22,7 @@ constexpr std::array<Files, 4> files{{
 
 const Files& filesOf(Picture picture) { return files.at(static_cast<std::size_t>(picture)); }
 
-/// Were the format not told, Qt would load all its plugins for pictures to find it out.
+/// The format is given because Qt 6.4 otherwise loads all image plugins to detect it.
 QPixmap load(const QString& file) {
   const QByteArray format = file.section(u'.', -1).toLatin1();
   return QPixmap{file, format.constData()};
@@ -33,10 +33,10 @@ QPixmap load(const QString& file) {
 ScaledPicture::ScaledPicture(Picture picture)
     : large_(filesOf(picture).large), designed_(load(QString::fromLatin1(filesOf(picture).designed))) {}
 
-const QPixmap& ScaledPicture::ofSize(QSize dots) {
-  if (dots == designed_.size()) return designed_;
-  if (dots != scaled_.size())
-    scaled_ = load(QString::fromLatin1(large_)).scaled(dots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+const QPixmap& ScaledPicture::ofSize(QSize size) {
+  if (size == designed_.size()) return designed_;
+  if (size != scaled_.size())
+    scaled_ = load(QString::fromLatin1(large_)).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   return scaled_;
 }
 

@@ -7,21 +7,21 @@
 
 namespace chiffrolo::qt {
 
-/// A picture of the program, as sharp at any size as its drawing: there is one for the size at which it is
-/// designed, shown dot by dot, and a large one for all other sizes, loaded when one of them is asked for.
+/// A picture of the program, sharp at any size. The file of the designed size is shown pixel by pixel; other
+/// sizes are scaled from a large file, which is loaded when first needed.
 class ScaledPicture {
 public:
   explicit ScaledPicture(Picture picture);
 
-  /// In dots.
-  const QPixmap& ofSize(QSize dots);
-  /// With that many dots to each pixel of the picture as it is designed.
+  /// `size` is in device pixels.
+  const QPixmap& ofSize(QSize size);
+  /// `ratio` is device pixels per pixel of the designed size.
   const QPixmap& atScale(qreal ratio);
 
 private:
   const char* large_;
   QPixmap designed_;
-  QPixmap scaled_; // to the size that was asked for last
+  QPixmap scaled_; // to the size that was last requested
 };
 
 } // namespace chiffrolo::qt

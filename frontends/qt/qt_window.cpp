@@ -37,7 +37,7 @@ void QtWindow::startTimersOnByDesign() {
 
 void QtWindow::activate() noexcept { host_.bringForward(page_); }
 
-Points QtWindow::width() const noexcept { return toPoints(page_.view().innerWidth()); }
+Points QtWindow::width() const noexcept { return toPoints(page_.view().contentWidth()); }
 
 Points QtWindow::textWidth(std::string_view text, const Font& font) const noexcept {
   return toPoints(fonts_.face(font).width(qt::toQt(text)));

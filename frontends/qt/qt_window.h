@@ -8,7 +8,7 @@
 
 namespace chiffrolo::qt {
 
-/// The program's handle of a page. It may go while the page still handles an event of Qt's.
+/// The program's handle of a page. It may be destroyed while the page still handles a Qt event.
 class QtWindow final : public Window, private TickReceiver {
 public:
   /// All of them outlive the window.
@@ -40,7 +40,7 @@ private:
   HostWindow& host_;
   FontCache& fonts_;
   Ticker& ticker_;
-  Page& page_; // belongs to the host
+  Page& page_; // owned by the host
 };
 
 } // namespace chiffrolo::qt

@@ -31,7 +31,8 @@ void Ticker::shutDown() {
   arm();
 }
 
-/// Ticks that fall due meanwhile wait for the next turn of the event loop, so that keys get theirs.
+/// Ticks that become due meanwhile wait for the next iteration of the event loop, so that keys are handled in
+/// between.
 void Ticker::deliverDue() {
   const Instant until = Clock::now();
   while (const auto due = queue_.takeDue(until)) {

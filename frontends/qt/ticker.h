@@ -7,8 +7,8 @@
 
 namespace chiffrolo::qt {
 
-/// Delivers the ticks of all windows. One Qt timer serves them all, since Qt promises no order among several
-/// of them; it is off while none of ours is on.
+/// Delivers the ticks of all windows. It uses one QTimer, because Qt guarantees no order among several. That
+/// timer is off while no timer of the program is running.
 class Ticker {
 public:
   Ticker();
@@ -18,7 +18,8 @@ public:
   void stopAll(const TickReceiver& receiver);
   void shutDown();
 
-  /// While one lives, no time passes: all timers that one event starts are started at the same instant.
+  /// Stops the clock of the ticker while it exists, so that all timers that one event starts start at the
+  /// same instant.
   class HeldInstant {
   public:
     explicit HeldInstant(Ticker& ticker);

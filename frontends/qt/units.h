@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// From the units and values of the boundary to those of Qt. Pixels are logical ones: 96 of them are an inch,
-/// however many dots the screen gives to each.
+/// Converts units and values of the boundary to those of Qt. Pixels are logical pixels, 96 per inch, whatever
+/// the pixel ratio of the screen.
 
 #include "platform.h"
 
@@ -21,8 +21,8 @@ constexpr Points toPoints(qreal pixels) { return static_cast<Points>(pixels / pi
 
 inline QPointF toPixels(Point point) { return {toPixels(point.x), toPixels(point.y)}; }
 
-/// In pixels of which `scale` make one of the layout. Both edges are rounded, so that places that touch each
-/// other in the layout do so on the screen.
+/// `scale` is pixels of the result per pixel of the layout. Both edges are rounded, so that areas that touch
+/// in the layout also touch on the screen.
 inline QRect toPixels(const TwipsRectangle& place, qreal scale = 1) {
   const auto edge = [scale](Twips twips) { return qRound(twips * pixelsPerTwip * scale); };
   const QPoint topLeft{edge(place.left), edge(place.top)};

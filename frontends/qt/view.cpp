@@ -14,16 +14,16 @@ namespace chiffrolo::qt {
 
 namespace {
 
-constexpr QSizeF leastSize{minimumContentArea.width * pixelsPerTwip,
-                           minimumContentArea.height* pixelsPerTwip};
+constexpr QSizeF minimumContentSize{minimumContentArea.width * pixelsPerTwip,
+                                    minimumContentArea.height* pixelsPerTwip};
 
-/// Along one axis: where a view of length `shown` that begins at `start` has to begin to show `from` to `to`;
-/// it shows `from` if there is no room for both.
+/// Along one axis: the new start of a view of length `shown`, now at `start`, that shows `from` to `to`; or
+/// only `from` if both do not fit.
 qreal startToShow(qreal from, qreal to, qreal start, qreal shown) {
   return std::min(from, std::max(start, to - shown));
 }
 
-/// A wheel reports eighths of a degree, most of them 15 degrees at a time.
+/// Most wheels turn 15 degrees per step; Qt reports eighths of a degree. Shift turns the wheel horizontal.
 QPointF wheelSteps(const QWheelEvent& event) {
   const QPointF steps = QPointF{event.angleDelta()} / 120;
   return event.modifiers().testFlag(Qt::ShiftModifier) ? steps.transposed() : steps;
@@ -53,10 +53,11 @@ QWidget* View::firstButton() const {
 
 qreal View::fitScale() const {
   const QSizeF room = size().expandedTo({1, 1});
-  return std::min({1.0, room.width() / leastSize.width(), room.height() / leastSize.height()});
+  return std::min(
+      {1.0, room.width() / minimumContentSize.width(), room.height() / minimumContentSize.height()});
 }
 
-qreal View::innerWidth() const { return width() / fitScale(); }
+qreal View::contentWidth() const { return width() / fitScale(); }
 
 void View::setZoom(qreal factor) {
   zoom_ = factor;
@@ -80,12 +81,12 @@ void View::arrange() {
 QSizeF View::shownSize() const { return QSizeF{size()} / surface_->scale(); }
 
 void View::panTo(QPointF topLeft) {
-  const QSizeF hidden = (leastSize - shownSize()).expandedTo({0, 0});
+  const QSizeF hidden = (minimumContentSize - shownSize()).expandedTo({0, 0});
   pan_ = {std::clamp(topLeft.x(), 0.0, hidden.width()), std::clamp(topLeft.y(), 0.0, hidden.height())};
   const QPoint place = (-pan_ * surface_->scale()).toPoint();
   if (place == surface_->pos()) return;
   surface_->move(place);
-  surface_->update(); // moved dots would not be whole ones where a pixel is a dot and a half
+  surface_->update(); // at a pixel ratio of 1.5, moved pixels would not be pixel-aligned
 }
 
 void View::goToTopLeft() {
@@ -102,7 +103,7 @@ void View::reveal(const QRectF& area) {
          startToShow(roomy.top(), roomy.bottom(), pan_.y(), shown.height())});
 }
 
-/// When the present event is over: until then, more may be drawn.
+/// After the present event, during which more may be drawn.
 void View::followSoon() {
   if (std::exchange(followsSoon_, true)) return;
   QMetaObject::invokeMethod(
@@ -136,7 +137,7 @@ QRectF View::placeOf(ControlIndex control) const { return toPixels(layout_.contr
 
 bool View::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::FocusIn) return false;
-  // A button that moved while it is pressed would miss the click.
+  // A button that moves while the mouse is pressed would not be clicked.
   if (static_cast<const QFocusEvent&>(*event).reason() == Qt::MouseFocusReason) return false;
   const auto control = std::ranges::find(controls_, watched);
   if (control != controls_.end()) reveal(placeOf(static_cast<ControlIndex>(control - controls_.begin())));

@@ -9,9 +9,12 @@
 
 namespace chiffrolo::qt {
 
-/// The content area of a screen. Where there is less room than the minimum content area, the surface and all
-/// its controls are shown smaller; zoomed, they may be larger than the view, which then shows a part of them:
-/// by itself the one where something happens, and any other one with the mouse wheel.
+/// The content area of a screen. With less room than the minimum content area, the surface and its controls
+/// are scaled down. Zoomed in, they may be larger than the view, which then shows a part of them: it follows
+/// what is drawn and what gets the focus, and the mouse wheel pans it.
+///
+/// Not a QScrollArea: with Qt 6.4 that took twelve lines more. It makes points visible, not areas, pages on
+/// Shift with the wheel, and has no fractional positions.
 class View final : public QWidget {
 public:
   using Clicked = std::function<void(ControlIndex)>;
@@ -22,23 +25,23 @@ public:
   DrawingSurface& surface() { return *surface_; }
   /// Null for a timer.
   QWidget* control(ControlIndex index) const { return controls_.at(index); }
-  /// Null if there is none.
+  /// Null if the screen has no button.
   QWidget* firstButton() const;
 
-  /// In pixels of the layout, whatever the zoom.
-  qreal innerWidth() const;
+  /// The width of the content area in pixels of the layout. The zoom does not change it.
+  qreal contentWidth() const;
   /// 1 or more.
   void setZoom(qreal factor);
   void goToTopLeft();
   void setImageVisible(ControlIndex image, Visibility visible);
-  /// What a clock has drawn must not carry the view away from where the learner is writing, unless an image
-  /// became visible with it.
+  /// Makes the view not follow what was drawn since it last did, unless an image became visible: a timer must
+  /// not move the view away from the answer.
   void ignoreWhatWasDrawn();
 
 private:
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
-  /// Sees which control gets the focus.
+  /// Reveals a control that gets the focus.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   QRectF placeOf(ControlIndex control) const;
@@ -56,9 +59,9 @@ private:
   qreal zoom_{1};
 
   // In pixels of the layout.
-  QPointF pan_;     // the top left corner of what is shown
-  QRectF image_;    // that became visible since the view last followed
-  QRectF revealed_; // last
+  QPointF pan_;     // the top left corner of the visible part
+  QRectF image_;    // became visible since the view last followed
+  QRectF revealed_; // the area that was last made visible
   bool followsSoon_{};
 };
 

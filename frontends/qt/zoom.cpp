@@ -10,21 +10,22 @@ namespace {
 
 constexpr std::array levels{1.0, 1.1, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0};
 
-/// X11 and Wayland: on a French keyboard the key of the zero types "à".
+/// X11 and Wayland: the physical key of the zero, which types "à" on a French keyboard.
 constexpr quint32 scanCodeOfZero = 19;
 
-bool isZero(const QKeyEvent& press) {
+bool isZero(const QKeyEvent& press, NativeCodes codes) {
   const bool isOnKeypad = press.modifiers().testFlag(Qt::KeypadModifier);
-  return press.key() == Qt::Key_0 || press.nativeScanCode() == scanCodeOfZero ||
+  return press.key() == Qt::Key_0 ||
+         (codes == NativeCodes::ofX11 && press.nativeScanCode() == scanCodeOfZero) ||
          (isOnKeypad && press.key() == Qt::Key_Insert); // without Num Lock
 }
 
 } // namespace
 
-std::optional<ZoomStep> zoomStep(const QKeyEvent& press) {
+std::optional<ZoomStep> zoomStep(const QKeyEvent& press, NativeCodes codes) {
   constexpr auto others = Qt::AltModifier | Qt::MetaModifier;
   if (!press.modifiers().testFlag(Qt::ControlModifier) || (press.modifiers() & others)) return std::nullopt;
-  if (isZero(press)) return ZoomStep::normal;
+  if (isZero(press, codes)) return ZoomStep::normal;
   switch (press.key()) {
   case Qt::Key_Plus:
   case Qt::Key_Equal: return ZoomStep::larger; // "+" is on the key of "="

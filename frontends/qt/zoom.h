@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QKeyEvent>
+#include "qt/keys.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,13 +10,13 @@ namespace chiffrolo::qt {
 
 enum class ZoomStep : std::uint8_t { larger, smaller, normal };
 
-/// What a key press means to the zoom, on French and other keyboards; nothing for a key of the program's.
-std::optional<ZoomStep> zoomStep(const QKeyEvent& press);
+/// The zoom step of a key press; nothing if the key does not zoom.
+std::optional<ZoomStep> zoomStep(const QKeyEvent& press, NativeCodes codes = nativeCodes());
 
-/// How much larger than normal everything is shown, for children who see poorly.
+/// The zoom factor that the learner has chosen.
 class Zoom {
 public:
-  /// No step leads beyond either end.
+  /// A step beyond either end of the range has no effect.
   void take(ZoomStep step);
   /// From 1 to 3.
   qreal factor() const;

@@ -14,7 +14,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr Points innerWidth = 960;
+constexpr Points contentWidth = 960;
 
 /// A number as C's %g writes it.
 std::string text(Points number) {
@@ -54,7 +54,7 @@ public:
 
   void activate() noexcept override { print("activate", nameOf(layout_.name)); }
 
-  Points width() const noexcept override { return innerWidth; }
+  Points width() const noexcept override { return contentWidth; }
   Points textWidth(std::string_view words, const Font& font) const noexcept override {
     return static_cast<Points>(characterCount(words)) * averageCharacterWidth(font);
   }

@@ -126,7 +126,8 @@ const ZoomRow zoomRows[]{
 
 TEST(ZoomKeys, areKnown) {
   for (const auto& row : zoomRows)
-    EXPECT_EQ(zoomStep({QEvent::KeyPress, row.key, row.modifiers, row.scanCode, 0, 0}), row.expected)
+    EXPECT_EQ(zoomStep({QEvent::KeyPress, row.key, row.modifiers, row.scanCode, 0, 0}, NativeCodes::ofX11),
+              row.expected)
         << row.name;
 }
 
