@@ -19,7 +19,7 @@ int drawKind(const std::array<SaturatingInt16, 5>& rightAnswers, RandomNumbers& 
   }
 }
 
-/// The units, 1 to 9, are drawn before the tens, `tensBase` to `tensBase` + `tensSpan` - 1.
+/// Draws the units (1 to 9), then the tens (`tensBase` to `tensBase` + `tensSpan` - 1).
 int drawTwoDigits(RandomNumbers& random, int tensSpan, int tensBase) {
   const int units = random.whole(9, 1);
   return 10 * random.whole(tensSpan, tensBase) + units;

@@ -9,7 +9,7 @@
 
 namespace chiffrolo {
 
-/// The kinds of operation, by which the counters of the challenge are indexed.
+/// The kinds of operation; they index the counters of the challenge.
 namespace kind {
 constexpr int addition = 1;
 constexpr int subtraction = 2;
@@ -17,7 +17,7 @@ constexpr int multiplication = 3;
 constexpr int division = 4;
 } // namespace kind
 
-/// A challenge is complete when so many operations, equally many of each kind, have been answered rightly.
+/// The right answers that complete a challenge, equally many of each kind.
 constexpr int operationsOfChallenge = 20;
 
 struct MixedOperation {
@@ -26,8 +26,8 @@ struct MixedOperation {
   int answer{};     ///< 11 to 891
 };
 
-/// Draws an operation of a kind that has fewer than five right answers, each such kind being equally likely;
-/// when none has, of any kind. `rightAnswers` counts at 1 to 4. Reseeds the random numbers before each
+/// Draws an operation of a kind with fewer than five right answers, or of any kind if none is left; these
+/// kinds are equally likely. `rightAnswers` is indexed by kind, 1 to 4. Calls `Randomize` before each
 /// attempt.
 MixedOperation drawMixedOperation(const std::array<SaturatingInt16, 5>& rightAnswers, RandomNumbers& random);
 

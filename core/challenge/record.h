@@ -5,8 +5,8 @@
 
 namespace chiffrolo {
 
-/// The timed challenge: twenty mixed operations, five of each kind, against a stopwatch that counts the whole
-/// seconds of open operations. A wrong answer is corrected at once, in one step.
+/// The timed challenge: twenty mixed operations, five of each kind. The stopwatch counts whole seconds while
+/// an operation awaits its answer. A wrong answer is corrected in one step.
 class RecordScreen final : public ExerciseScreen {
 public:
   explicit RecordScreen(ScreenHost& host);

@@ -5,13 +5,13 @@
 
 namespace chiffrolo {
 
-/// Draws the empty box of the stopwatch: four cells, light cyan edged with cyan.
+/// Draws the box of the stopwatch, four empty cells.
 void drawStopwatchBox(Surface& surface);
 
 /// Prints the last four digits of `seconds`, 0 or more, into the cells.
 void printStopwatchTime(Surface& surface, int seconds, Colour colour);
 
-/// The colours of digits that are to be seen, and of the cells, in which digits vanish.
+/// The colours of visible digits and of the cells. Digits in the colour of the cells are erased.
 Colour stopwatchDigits();
 Colour stopwatchCells();
 

@@ -5,8 +5,8 @@
 
 namespace chiffrolo {
 
-/// Additions of two numbers of two digits, and the subtractions that go with them. A wrong answer is
-/// corrected in two guided steps: first the tens of the second number, then its units.
+/// Additions of two numbers of two digits, and subtractions with the same numbers. A wrong answer is
+/// corrected in two guided steps: the tens of the second number, then its units.
 class AdditionScreen final : public ExerciseScreen {
 public:
   explicit AdditionScreen(ScreenHost& host);

@@ -35,7 +35,7 @@ void AccueilScreen::OuvrirEcran() {
   static constexpr std::array inTurn{addition, multiplication, division, record, Aurevoir};
   constexpr int last = inTurn.size();
   if (shared.essai >= 1 && shared.essai <= last) Show(inTurn[static_cast<std::size_t>(shared.essai - 1)]);
-  // The screen that was shown may have set `essai` anew.
+  // Loading a screen may have changed `essai`.
   shared.essai += 1;
   if (shared.essai == last + 1) shared.essai = 1;
 }

@@ -5,7 +5,7 @@
 
 namespace chiffrolo {
 
-/// The home screen: five activities, by button or in turn by key. It is never unloaded.
+/// The home screen. Buttons open the five activities; keys open them in turn. It is never unloaded.
 class AccueilScreen final : public Screen {
 public:
   explicit AccueilScreen(ScreenHost& host);
@@ -21,7 +21,7 @@ private:
   void Commande4_Click() { Show(ScreenName::record); }
   void Commande5_Click() { Show(ScreenName::Aurevoir); }
 
-  /// Opens the screen whose number `essai` holds, if it is from 1 to 5, and moves on to the next number.
+  /// Opens the screen with the number `essai`, if that is 1 to 5, and advances `essai`.
   void OuvrirEcran();
 
   Button Commande1{*this, "Commande1", [this] { Commande1_Click(); }};

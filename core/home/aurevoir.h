@@ -6,7 +6,7 @@
 
 namespace chiffrolo {
 
-/// The goodbye screen: only its arrow ends the program, no key does.
+/// The goodbye screen. Its arrow ends the program; keys do nothing.
 class AurevoirScreen final : public Screen {
 public:
   explicit AurevoirScreen(ScreenHost& host) : Screen(host, layoutOf(ScreenName::Aurevoir)) {}

@@ -16,9 +16,9 @@ constexpr ExerciseValues values{
     .firstDigits = "123456789",
 };
 
-constexpr int pitch = 24; // from digit to digit of the long division, in points
+constexpr int pitch = 24; // between digits of the long division, in points
 
-/// "372 : 6", with a blank behind the thousands: "1 234 : 2".
+/// "372 : 6"; with a blank after the thousands "1 234 : 2".
 std::string question(const LongDivision& division) {
   std::string dividend = std::to_string(division.dividend());
   if (division.dividend() > 999) dividend.insert(1, " ");

@@ -6,8 +6,8 @@
 
 namespace chiffrolo {
 
-/// Exact divisions by one digit. A wrong answer is corrected by the long division, which reveals one digit
-/// per key: in blue if the key was that digit, in light red otherwise.
+/// Exact divisions by one digit. A wrong answer is corrected by the long division. Each key reveals one digit
+/// of it, in blue if the key was that digit, else in light red.
 class DivisionScreen final : public ExerciseScreen {
 public:
   explicit DivisionScreen(ScreenHost& host);

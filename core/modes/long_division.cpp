@@ -6,7 +6,7 @@ namespace chiffrolo {
 LongDivision::LongDivision(int quotient, int divisor)
     : diviseur_(divisor), dividende_(quotient * divisor), chiffresQuotient_(std::to_string(quotient)),
       chiffresDividende_(std::to_string(dividende_)) {
-  // Each remainder is that of the dividend without the digits that are still to be brought down.
+  // Each remainder is that of the leading digits of the dividend that were brought down so far.
   int power = 1;
   for (int index = quotientDigits(); index >= 1; --index, power *= 10)
     restes_.insert(0, std::to_string(dividende_ / power % diviseur_));

@@ -6,7 +6,7 @@
 
 namespace chiffrolo {
 
-/// An exact division as it is worked out on paper: a digit of the quotient and a remainder at a time.
+/// The digits of an exact division as it is worked out on paper.
 class LongDivision {
 public:
   LongDivision() = default;
@@ -19,12 +19,12 @@ public:
   int quotientDigits() const { return static_cast<int>(chiffresQuotient_.size()); }
   int dividendDigits() const { return static_cast<int>(chiffresDividende_.size()); }
 
-  /// Digits are counted from 1, the most significant first; where there is none, the text is empty. There are
-  /// as many remainders as the quotient has digits, and the last one is 0.
+  /// Digits are counted from 1, the most significant first; beyond either end, the text is empty. There is
+  /// one remainder per digit of the quotient; the last one is 0.
   std::string_view quotientDigit(int index) const { return digit(chiffresQuotient_, index); }
   std::string_view dividendDigit(int index) const { return digit(chiffresDividende_, index); }
   std::string_view remainder(int index) const { return digit(restes_, index); }
-  /// The digit that is brought down beside a remainder.
+  /// The digit of the dividend that is brought down next to a remainder.
   std::string_view broughtDown(int index) const;
 
 private:

@@ -5,8 +5,8 @@
 
 namespace chiffrolo {
 
-/// Products of a number of two digits and one of one digit. A wrong answer is corrected in three guided
-/// steps: tens times multiplier, units times multiplier, and the column sum of the two.
+/// Products of a number of two digits and one digit. A wrong answer is corrected in three guided steps: tens
+/// times multiplier, units times multiplier, and the sum of the two in columns.
 class MultiplicationScreen final : public ExerciseScreen {
 public:
   explicit MultiplicationScreen(ScreenHost& host);

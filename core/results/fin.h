@@ -5,7 +5,7 @@
 
 namespace chiffrolo {
 
-/// The congratulations for a level passed. It stays loaded under the home screen.
+/// The congratulations for a passed level. It stays loaded when the home screen is shown.
 class FinScreen final : public Screen {
 public:
   explicit FinScreen(ScreenHost& host);

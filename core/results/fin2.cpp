@@ -105,7 +105,7 @@ void Fin2Screen::printFigures(Points y, int presented, int succeeded) {
   printCentred(405, y, shared.texte, shared.texte);
 }
 
-/// Prints one text where another would be centred: numbers are centred without the blank behind them.
+/// Prints `printed` where `text` would be centred: a number is centred without the blank after it.
 void Fin2Screen::printCentred(Points centre, Points y, std::string_view text, std::string_view printed) {
   printAt(centre - TextWidth(text) / 2, y, printed);
 }

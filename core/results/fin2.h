@@ -5,8 +5,8 @@
 
 namespace chiffrolo {
 
-/// The results of a challenge: its time, if it was completed, and a table of the answers. Drawn once, when it
-/// loads, from what the challenge left in the shared variables.
+/// The results of a challenge: its time, if it was completed, and a table of the answers. Drawn once, when
+/// the screen is loaded, from the shared variables.
 class Fin2Screen final : public Screen {
 public:
   explicit Fin2Screen(ScreenHost& host);
@@ -26,7 +26,7 @@ private:
 
   void printAt(Points x, Points y, std::string_view text);
   void printCentred(Points centre, Points y, std::string_view text, std::string_view printed);
-  /// One row of figures: how many operations were presented, how many answered rightly, and the rate.
+  /// Prints one row of the table: operations presented, operations answered rightly, and their rate.
   void printFigures(Points y, int presented, int succeeded);
 
   Image flèche{*this, "flèche", [this] { flèche_Click(); }};

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The controls that a screen works with: it holds one member for each, which names the row of its layout and
-/// the handler of its one event. A control that only stands there needs no member.
+/// The controls that a screen uses. Each is a member of the screen, with the name of its row in the layout
+/// and the handler of its one event. A control that never changes and has no event needs no member.
 
 #include "platform.h"
 
@@ -15,13 +15,13 @@ class Screen;
 
 class Control {
 public:
-  /// `screen` owns the control and has a row named `name` in its layout.
+  /// `screen` owns the control; its layout has a row named `name`.
   Control(Screen& screen, std::string_view name, std::function<void()> handler = {});
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
   virtual ~Control() = default;
 
-  /// Runs the handler, unless the control is in a state in which its event cannot happen.
+  /// Runs the handler, if the state of the control allows its event.
   void react() const;
 
 protected:
@@ -43,7 +43,7 @@ public:
   using Control::Control;
 };
 
-/// Its event is `Click`, which cannot happen while it is hidden.
+/// Its event is `Click`, which a hidden image does not have.
 class Image final : public Control {
 public:
   using Control::Control;
@@ -76,10 +76,10 @@ class Timer final : public Control {
 public:
   using Control::Control;
 
-  /// Starts a fresh countdown; on a timer that is on: nothing.
+  /// Starts a fresh countdown if the timer is off.
   void turnOn();
   void turnOff();
-  /// Starts a fresh countdown if the timer is on, even if the interval stays the same. 1 ms or more.
+  /// 1 ms or more. Starts a fresh countdown if the timer is on, also if the interval is the same.
   void setInterval(std::chrono::milliseconds interval);
 
 private:

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 using std::string_view;
 using enum Visibility;
 
-// The window colours are fixed: with those of a dark desktop, the drawn texts could not be read.
+// Fixed, because the drawn texts would be unreadable on the window colours of a dark desktop.
 constexpr Colour windowBackground{255, 255, 255};
 constexpr Colour windowText{0, 0, 0};
 constexpr Colour white{255, 255, 255};
@@ -104,7 +104,7 @@ constexpr std::array accueilControls{
     button("Commande5", "Quitter", {7680, 7320, 1335, 615}),
 };
 
-/// The three exercise screens have the same controls, at places of their own.
+/// The three exercise screens have the same controls at different places.
 constexpr auto exerciseControls(TwipsRectangle title, Twips arrowLeft) {
   return std::array{
       titleLabel("titre", "Chiffrolo", title, timesBold(18), Border::thin),
@@ -151,7 +151,7 @@ constexpr std::array aurevoirControls{
 using enum ScreenName;
 using enum Frame;
 
-/// By number of the screen.
+/// By `ScreenName`.
 constexpr std::array<ScreenLayout, screenCount> layouts{{
     {accueil, "accueil", "Accueil", frameless, timesBold(24), white, accueilControls},
     {addition, "", "Additions et soustractions", toolWindow, timesBold(24), white, additionControls},
@@ -163,7 +163,7 @@ constexpr std::array<ScreenLayout, screenCount> layouts{{
     {Aurevoir, "", "Au revoir", toolWindow, {"Arial", 15.75F}, windowBackground, aurevoirControls},
 }};
 
-/// By number of the screen.
+/// By `ScreenName`.
 constexpr std::array<string_view, screenCount> names{"accueil", "addition", "multiplication", "division",
                                                      "record",  "FIN",      "FIN2",           "Aurevoir"};
 

@@ -13,7 +13,7 @@ const ScreenLayout& layoutOf(ScreenName screen);
 
 std::string_view nameOf(ScreenName screen);
 
-/// The screen of that name, letter for letter, if there is one.
+/// The screen with exactly that name, if there is one.
 std::optional<ScreenName> screenNamed(std::string_view name);
 
 } // namespace chiffrolo

@@ -10,23 +10,23 @@
 namespace chiffrolo {
 
 /// The random numbers of one program. Numbers that were given come first, in order, so that a run can be
-/// replayed; behind them stands a generator.
+/// replayed; then those of a generator.
 class RandomNumbers {
 public:
-  /// `timeOfDay` is asked at each `Randomize`.
+  /// `timeOfDay` is called by each `Randomize`.
   explicit RandomNumbers(std::function<std::uint64_t()> timeOfDay);
 
   /// The next number, uniform in [0, 1).
   double Rnd();
 
-  /// Mixes the time of day into the generator's state. It does not replace the state: reseeding again within
-  /// the same instant must not repeat the numbers drawn before. Given numbers stay as they are.
+  /// Mixes the time of day into the state of the generator. The state is not replaced, so that reseeding
+  /// twice at the same instant does not repeat numbers. Given numbers are not affected.
   void Randomize();
 
   /// Int(span × Rnd + base): a whole number, uniform from `base` to `base` + `span` - 1.
   int whole(int span, int base);
 
-  /// Appends a number in [0, 1) to those that come first.
+  /// Appends a number in [0, 1) to the given numbers.
   void give(double number);
   std::size_t givenNumbersLeft() const { return given_.size(); }
 

@@ -29,7 +29,7 @@ bool isVerdict(const Word& word) {
   return word.role == TextRole::rightGuess || word.role == TextRole::wrongGuess;
 }
 
-/// On the surface an equals sign may stand so close to a number that the two look like one word.
+/// On the surface, an equals sign may be so close to a number that both are one word.
 std::vector<Word> withEqualsApart(Words words) {
   std::vector<Word> apart;
   for (const auto& [text, role] : words) {
@@ -51,7 +51,7 @@ std::string spokenWord(const Word& word) {
   return sign == signs.end() ? word.text : std::string(sign->second);
 }
 
-/// A verdict stands apart from what precedes and what follows it.
+/// Commas separate a verdict from the words around it.
 std::string spokenWords(Words words) {
   std::string said;
   const Word* previous = nullptr;
@@ -65,7 +65,7 @@ std::string spokenWords(Words words) {
 
 bool isStopwatch(const VisibleText& text) { return text.words.front().role == TextRole::stopwatch; }
 
-/// Its digits stand in cells of their own.
+/// The digits are separate words, because each is in a cell of its own.
 std::string spokenTime(Words cells) {
   std::string digits;
   for (const Word& cell : cells)
@@ -82,7 +82,7 @@ bool samePlace(const VisibleText& one, const VisibleText& other) {
          std::abs(one.place.top - other.place.top) < tolerance;
 }
 
-/// The texts of `some` that `others` do not have, word for word at the same place.
+/// The texts of `some` that are not in `others` with the same words at the same place.
 std::vector<VisibleText> without(const std::vector<VisibleText>& others,
                                  const std::vector<VisibleText>& some) {
   std::vector<VisibleText> rest;
@@ -95,13 +95,13 @@ std::vector<VisibleText> without(const std::vector<VisibleText>& others,
   return rest;
 }
 
-/// How many words lead up to the answer: all of them where there is no equals sign.
+/// The number of words up to the equals sign, or of all words if there is none.
 std::size_t questionLength(Words words) {
   const auto equals = std::ranges::find(words, "=", &Word::text);
   return static_cast<std::size_t>(equals - words.begin()) + (equals == words.end() ? 0 : 1);
 }
 
-/// The answer as far as it has been typed, if nothing but an answer that is still asked for has changed.
+/// What has been typed of the answer, if nothing else has changed and the answer is not submitted yet.
 std::optional<std::string> typedAnswer(const std::vector<VisibleText>& gone,
                                        const std::vector<VisibleText>& fresh) {
   if (gone.size() != 1 || fresh.size() != 1) return {};
@@ -114,7 +114,7 @@ std::optional<std::string> typedAnswer(const std::vector<VisibleText>& gone,
   return answer.empty() ? "effacé" : spokenWords(answer);
 }
 
-/// Of a text that was there before, and has grown by a verdict, the rest is known already.
+/// The words to announce: only the new ones if a verdict was added to a text that was there before.
 Words newPart(const VisibleText& text, const std::vector<VisibleText>& gone) {
   const Words words = text.words;
   const auto before =
@@ -123,8 +123,8 @@ Words newPart(const VisibleText& text, const std::vector<VisibleText>& gone) {
   return {std::ranges::mismatch(words, before->words).in1, words.end()};
 }
 
-/// A question mark that stands alone says nothing to the ear.
-bool saysNothing(Words words) { return std::ranges::all_of(words, isQuestion); }
+/// A lone question mark is not announced.
+bool isOnlyQuestionMarks(Words words) { return std::ranges::all_of(words, isQuestion); }
 
 void appendSentence(std::string& said, std::string_view sentence) {
   if (!said.empty()) said += ". ";
@@ -156,7 +156,7 @@ std::string announcement(const Contents& before, const Contents& now) {
     if (std::ranges::find(before.captions, caption) == before.captions.end()) appendSentence(said, caption);
   for (const auto& text : fresh) {
     const Words words = newPart(text, gone);
-    if (!isStopwatch(text) && !saysNothing(words)) appendSentence(said, spokenWords(words));
+    if (!isStopwatch(text) && !isOnlyQuestionMarks(words)) appendSentence(said, spokenWords(words));
   }
   return said;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What a screen says to a learner who does not see it.
+/// The screens in words, for screen readers.
 
 #include "platform.h"
 #include "screen/visible_texts.h"
@@ -12,20 +12,20 @@
 
 namespace chiffrolo {
 
-/// A text in the words in which a child would read it out: "47 plus 35 égale ?", "juste : 6".
+/// A text in the words in which a child reads it aloud: "47 plus 35 égale ?", "juste : 6".
 std::string spoken(const VisibleText& text);
 
-/// All that stands on the active screen at one moment.
+/// What the active screen shows at one moment.
 struct Contents {
-  std::optional<ScreenName> screen;  ///< nothing when no screen is active, and then all else is empty
-  std::string title;                 ///< what the screen is called
+  std::optional<ScreenName> screen;  ///< nothing if no screen is active; the rest is empty then
+  std::string title;                 ///< the accessible name of the screen
   std::vector<std::string> captions; ///< of its labels
   std::vector<VisibleText> texts;    ///< on its surface, in reading order
 };
 
-/// What is to be said once `before` has become `now`: all of a new screen; of the same screen what has
-/// appeared, and of an answer that is being typed the answer alone. Empty when there is nothing to say: the
-/// stopwatch goes on in silence.
+/// What is announced when `before` has become `now`: a new screen completely; on the same screen only what
+/// has appeared; while an answer is typed, only the answer. May be empty. Ticks of the stopwatch are not
+/// announced.
 std::string announcement(const Contents& before, const Contents& now);
 
 } // namespace chiffrolo

@@ -10,7 +10,7 @@ namespace chiffrolo {
 
 namespace {
 
-/// What a screen draws on that was unloaded while one of its handlers runs: nothing.
+/// Null object: stands in for the window of a screen that was unloaded from inside its own handler.
 class ClosedWindow final : public Window {
 public:
   void activate() noexcept override {}

@@ -10,9 +10,9 @@
 
 namespace chiffrolo {
 
-/// Where `Print` goes on after an item.
+/// Where `Print` puts the current position after an item.
 enum class Then : std::uint8_t {
-  sameLine, ///< right behind it
+  sameLine, ///< at the end of the item
   nextZone, ///< at the next print zone of the line; zones are 14 average characters wide
   newLine,  ///< at the left edge, one line lower
 };
@@ -20,8 +20,8 @@ enum class Then : std::uint8_t {
 enum class Form : std::uint8_t { segment, box, filledBox };
 enum class Fill : std::uint8_t { solid, transparent };
 
-/// The drawing surface of a screen: retained, white or as designed, in points from its top left corner. It
-/// owns the window that it draws on.
+/// The drawing surface of a screen. It owns the window that it draws on. Positions are in points from the top
+/// left corner.
 class Surface {
 public:
   Surface(std::unique_ptr<Window> window, const ScreenLayout& layout);
@@ -34,34 +34,34 @@ public:
   Colour BackColor{}; ///< `Cls` clears to it
   Colour FillColor{};
   Fill FillStyle{Fill::transparent}; ///< whether box outlines and circles are filled with `FillColor`
-  TextRole textRole{};               ///< of printed text, for those who do not see it
-  int DrawWidth{1};                  ///< of segments and outlines, in pixels at 96 dots per inch
+  TextRole textRole{};               ///< of printed text, for screen readers
+  int DrawWidth{1};                  ///< of segments and outlines, in pixels of the layout
 
   /// The right edge of the content area, in points.
   Points ScaleWidth() const { return window_->width(); }
 
-  /// Draws an item at the current position, on whatever lies there, and moves the position on.
+  /// Draws a text at the current position without erasing what is there, and moves the position.
   void Print(std::string_view text, Then then);
-  /// A number comes with a blank (or its minus sign) before it and a blank behind it.
+  /// Draws a number with a blank (or its minus sign) before it and a blank after it.
   void Print(SaturatingInt16 number, Then then);
 
   void Line(Point from, Point to, Colour colour, Form form = Form::segment);
   /// A segment in `ForeColor`.
   void Line(Point from, Point to);
-  /// An ellipse as wide as a circle of `radius` points; `aspect`, at most 1, is its height over its width.
+  /// An ellipse of width 2 × `radius`; `aspect`, at most 1, is its height divided by its width.
   void Circle(Point centre, Points radius, Colour colour, float aspect);
-  /// Clears the whole surface; the current position goes back to the top left corner.
+  /// Clears the whole surface, and moves the current position to the top left corner.
   void Cls();
 
   /// The width that `Print` would give `text` in the current font, in points.
   Points TextWidth(std::string_view text) const { return window_->textWidth(text, font()); }
 
-  /// What can be read on the surface now.
+  /// The texts that are visible now, in reading order.
   std::vector<VisibleText> visibleTexts() const { return texts_.read(); }
 
 protected:
   Window& window() const { return *window_; }
-  /// The window goes at once, and drawing has no effect any more.
+  /// Destroys the window. Drawing has no effect from now on.
   void closeWindow();
 
 private:

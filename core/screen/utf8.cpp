@@ -10,7 +10,7 @@ namespace {
 
 bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-/// How many bytes the character has that begins with `byte`; 0 for a byte that begins none.
+/// The length in bytes of the character that begins with `byte`; 0 if no character begins with it.
 std::size_t lengthFrom(unsigned char byte) {
   if (byte < 0x80) return 1;
   if (byte >= 0xC2 && byte < 0xE0) return 2;

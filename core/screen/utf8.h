@@ -12,10 +12,10 @@ namespace chiffrolo {
 /// The characters of a well-formed UTF-8 text, one view each into `text`.
 std::vector<std::string_view> characters(std::string_view text);
 
-/// How many characters a well-formed UTF-8 text has.
+/// The number of characters of a well-formed UTF-8 text.
 std::size_t characterCount(std::string_view text);
 
-/// The code point of `text` if that is exactly one well-formed character, else nothing.
+/// The code point of `text`; nothing if `text` is not exactly one well-formed character.
 std::optional<char32_t> codePoint(std::string_view text);
 
 } // namespace chiffrolo

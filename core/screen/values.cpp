@@ -10,7 +10,7 @@ namespace chiffrolo {
 
 SaturatingInt16 CInt(double value) {
   const double inRange = std::clamp<double>(value, SaturatingInt16::lowest, SaturatingInt16::highest);
-  return static_cast<int>(std::nearbyint(inRange)); // the default rounding mode takes halves to the even side
+  return static_cast<int>(std::nearbyint(inRange)); // the default rounding mode: halves to even
 }
 
 int Int(double value) { return static_cast<int>(std::floor(value)); }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The value functions of the screens: whole numbers, conversions between numbers and texts, colours.
+/// Whole numbers, conversions between numbers and texts, and colours.
 
 #include "platform.h"
 
@@ -11,7 +11,7 @@
 
 namespace chiffrolo {
 
-/// A whole number from -32768 to 32767 that stops at its ends instead of wrapping.
+/// A whole number from -32768 to 32767. Values beyond either end become that end.
 class SaturatingInt16 {
 public:
   constexpr SaturatingInt16(int value = 0) : value_(std::clamp(value, lowest, highest)) {}
@@ -26,16 +26,16 @@ private:
   int value_;
 };
 
-/// The nearest whole number, a half going to the even neighbour: 2.5 gives 2, 3.5 gives 4.
+/// The nearest whole number; halves are rounded to the even neighbour: 2.5 gives 2, 3.5 gives 4.
 SaturatingInt16 CInt(double value);
 
 /// The largest whole number not above `value`, which must fit in an `int`: -0.5 gives -1.
 int Int(double value);
 
-/// The decimal digits of a number, behind a blank where a minus sign would stand: 15 gives " 15".
+/// The decimal digits of a number, after a blank or its minus sign: 15 gives " 15".
 std::string numberText(int number);
 
-/// The number that the digits at the start of `text` form, 0 when there are none. At most nine digits count.
+/// The number at the start of `text`, 0 if there is none. Digits after the ninth are ignored.
 int numberOf(std::string_view text);
 
 constexpr bool isDigit(char32_t character) { return character >= U'0' && character <= U'9'; }

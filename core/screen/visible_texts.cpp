@@ -13,7 +13,8 @@ bool samePlace(const Rectangle& one, const Rectangle& other) {
   return std::abs(one.left - other.left) < tolerance && std::abs(one.top - other.top) < tolerance;
 }
 
-/// Each one's middle is level with the other: true of a low "x" between the tall digits of its operation.
+/// Whether the centre of each is within the height of the other. True for the low "x" between the digits of a
+/// product.
 bool sameLine(const Rectangle& one, const Rectangle& other) {
   const auto level = [](const Rectangle& tall, Points y) { return y > tall.top && y < tall.bottom(); };
   return level(one, other.centre().y) && level(other, one.centre().y);
@@ -110,9 +111,11 @@ std::vector<VisibleTexts::Line> VisibleTexts::lines() const {
 }
 
 void VisibleTexts::appendTexts(const Line& line, std::vector<VisibleText>& texts) {
-  constexpr Points thinBlank = 0.15F; // of the font size; the blank of a bold serif face is a quarter
-  constexpr Points farApart = 1.7F;   // font sizes; more than the blanks before a question mark, less
-                                      // than the gap between a remainder and the quotient
+  // In font sizes. The blank of a bold serif face is 0.25 wide.
+  constexpr Points thinBlank = 0.15F;
+  // In font sizes: more than the blanks before a question mark, less than the gap between a remainder and the
+  // quotient.
+  constexpr Points farApart = 1.7F;
   const Character* previous = nullptr;
   for (const Character& character : line) {
     const Points size = previous == nullptr ? 0 : std::max(previous->size, character.size);

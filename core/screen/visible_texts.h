@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What can be read on a drawing surface at this moment.
+/// The texts that are visible on a drawing surface.
 
 #include "platform.h"
 
@@ -24,11 +24,11 @@ struct Rectangle {
   bool contains(const Rectangle& other) const;
 };
 
-/// What a printed text means beyond its characters, where the eye takes it from their colour or place.
+/// What the colour or the place of a printed text means.
 enum class TextRole : std::uint8_t {
   plain,
   rightGuess,
-  wrongGuess, ///< the text is what would have been right
+  wrongGuess, ///< the text is the right digit, shown after a wrong guess
   stopwatch,
 };
 
@@ -38,17 +38,17 @@ struct Word {
   bool operator==(const Word&) const = default;
 };
 
-/// A run of words that belong together on one line.
+/// Words that are next to each other on one line.
 struct VisibleText {
   std::vector<Word> words;
   Rectangle place;
 
-  /// The words with single blanks between them.
+  /// The words, separated by single blanks.
   std::string text() const;
 };
 
-/// Follows a surface drawing by drawing. A character is gone when something filled covers its middle, or when
-/// the same character is printed over it in the colour that lies beneath.
+/// Records the characters that are printed on a surface. A character is removed when a filled shape covers
+/// its centre, or when the same character is printed over it in the background colour.
 class VisibleTexts {
 public:
   explicit VisibleTexts(Colour background) : background_(background) {}
@@ -58,13 +58,12 @@ public:
   /// `character` is one character in UTF-8, `place` its cell, `size` its font size in points.
   void print(std::string_view character, const Rectangle& place, Points size, Colour colour,
              TextRole role = TextRole::plain);
-  /// Something filled with `colour` now lies over all that was there within `area`.
+  /// Records a shape filled with `colour`.
   void cover(Shape shape, const Rectangle& area, Colour colour);
   void clear(Colour background);
 
-  /// The texts in reading order, line by line. Words are apart where a gap wider than a thin blank lies
-  /// between their characters, and texts where the gap is wider than two characters are high or the ground
-  /// changes.
+  /// The texts in reading order, line by line. A gap wider than a thin blank separates words. A gap of almost
+  /// two font sizes, or a change of the background, separates texts.
   std::vector<VisibleText> read() const;
 
 private:
@@ -91,7 +90,7 @@ private:
 
   Colour background_;
   std::vector<Character> characters_;
-  std::vector<Cover> covers_; // in drawing order, without those that a later one hides
+  std::vector<Cover> covers_; // in drawing order, without those that are hidden
 };
 
 } // namespace chiffrolo

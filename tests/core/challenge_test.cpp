@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "challenge/mixed_operations.h"
-#include "tests/core/drill.h"
-#include "tests/core/learner.h"
+#include "tests/core/operation_sampler.h"
 #include "tests/core/rows.h"
+#include "tests/core/scenario_session.h"
 
 #include <cmath>
 #include <sstream>
@@ -11,102 +11,103 @@ namespace chiffrolo::test {
 
 namespace {
 
-// 20 + 47, then 47 again as 85 - 38.
+// 20 + 47, and 85 - 38 as the next operation.
 #define CHALLENGE "rnd 0 0.11 0.7 0.4\nclick Commande4\n"
-#define NEXT "rnd 0.25 0.8 0.2 0.7 0.3\n"
+#define NEXT_NUMBERS "rnd 0.25 0.8 0.2 0.7 0.3\n"
 #define WRONG CHALLENGE "key 9\nkey =\n"
 
 class Challenge : public testing::TestWithParam<Row> {};
 
-TEST_P(Challenge, reads) {
-  Learner learner(GetParam().scenario);
-  std::string seen = learner.reads();
-  // On the recording platform the stopwatch's digits are wider than its cells: they are left to the
-  // transcripts.
-  if (seen.starts_with("0 0 ")) seen.erase(0, seen.find(" | 20") + 3);
-  EXPECT_EQ(seen, GetParam().expected);
+TEST_P(Challenge, showsExpectedText) {
+  ScenarioSession session(GetParam().scenario);
+  std::string texts = session.visibleText();
+  // On the recording platform, the stopwatch digits are wider than their cells. Only the transcripts test
+  // them.
+  if (texts.starts_with("0 0 ")) texts.erase(0, texts.find(" | 20") + 3);
+  EXPECT_EQ(texts, GetParam().expected);
 }
 
 #define TABLE(additions, subtractions, total)                                                                \
   "Opérations | effectuées | réussies | % de réussite | additions | " additions                              \
   " | soustractions | " subtractions " | multiplications | 0 | 0 | divisions | 0 | 0 | Total | " total
 
-ROWS(Challenge, {"correctionByEnter", WRONG "key Enter", "20 + 47 = 67 | Score = 0"},
-     {"cursorBeyondTheSteps", CHALLENGE "set essai 2\nkey x", "20 + 47 = ?"},
-     {"ratesAreTruncated", CHALLENGE "set effectuees 6 7 0 0\nset reussies 5 5 0 0\nkey Escape",
+ROWS(Challenge, {"enterShowsCorrection", WRONG "key Enter", "20 + 47 = 67 | Score = 0"},
+     {"unknownStepDrawsNothing", CHALLENGE "set essai 2\nkey x", "20 + 47 = ?"},
+     {"successRatesAreTruncated", CHALLENGE "set effectuees 6 7 0 0\nset reussies 5 5 0 0\nkey Escape",
       TABLE("6 | 5 | 83 %", "7 | 5 | 71 %", "13 | 10 | 76 %")});
 
 class ChallengeNavigation : public testing::TestWithParam<Row> {};
 
-TEST_P(ChallengeNavigation, moves) {
-  Learner learner(CHALLENGE);
-  learner.moves();
-  learner.play(GetParam().scenario);
-  EXPECT_EQ(learner.moves(), GetParam().expected);
+TEST_P(ChallengeNavigation, changesScreens) {
+  ScenarioSession session(CHALLENGE);
+  session.takeScreenChanges();
+  session.play(GetParam().scenario);
+  EXPECT_EQ(session.takeScreenChanges(), GetParam().expected);
 }
 
 #define TO_RESULTS "load FIN2, unload record, activate FIN2"
-ROWS(ChallengeNavigation, {"escape", "key Escape", TO_RESULTS},
-     {"escapeWhileWaiting", "key 9\nkey =\nkey Escape", TO_RESULTS},
-     {"stopSign", "key 6\nkey 7\nkey =\nclick arret", TO_RESULTS},
-     {"twentiethAnswer", "set nbOperations 19\nkey 6\nkey 7\nkey =\nkey Enter", TO_RESULTS},
-     {"homeByRight", "key Escape\nkey Right", TO_RESULTS ", activate accueil, unload FIN2"},
-     {"homeByEnter", "key Escape\nkey Enter", TO_RESULTS ", activate accueil, unload FIN2"},
-     {"homeByEscape", "key Escape\nkey Escape", TO_RESULTS ", activate accueil, unload FIN2"},
-     {"digitStays", "key Escape\nkey 7", TO_RESULTS},
-     {"closeBox", "close", "activate accueil, unload record"},
-     {"comingBackWhenComplete", "front accueil\nset nbOperations 20\nclick Commande4",
+ROWS(ChallengeNavigation, {"escapeShowsResults", "key Escape", TO_RESULTS},
+     {"escapeDuringCorrectionShowsResults", "key 9\nkey =\nkey Escape", TO_RESULTS},
+     {"stopImageShowsResults", "key 6\nkey 7\nkey =\nclick arret", TO_RESULTS},
+     {"enterAfterTwentiethRightAnswerShowsResults", "set nbOperations 19\nkey 6\nkey 7\nkey =\nkey Enter",
+      TO_RESULTS},
+     {"rightKeyLeavesResults", "key Escape\nkey Right", TO_RESULTS ", activate accueil, unload FIN2"},
+     {"enterLeavesResults", "key Escape\nkey Enter", TO_RESULTS ", activate accueil, unload FIN2"},
+     {"escapeLeavesResults", "key Escape\nkey Escape", TO_RESULTS ", activate accueil, unload FIN2"},
+     {"digitDoesNotLeaveResults", "key Escape\nkey 7", TO_RESULTS},
+     {"closeBoxUnloadsChallenge", "close", "activate accueil, unload record"},
+     {"returningToCompleteChallengeShowsResults", "front accueil\nset nbOperations 20\nclick Commande4",
       "activate accueil, activate record, " TO_RESULTS});
 
-TEST(ChallengeCounters, stopAtTheirEnds) {
-  Learner learner(CHALLENGE
-                  "set chrono 32767\nset effectuees 0 32767 0 0\nwait 1000\nkey 9\nkey =\nkey x\n" NEXT
-                  "key Right");
-  EXPECT_EQ(learner.shared().chrono, 32767);
-  EXPECT_EQ(learner.shared().effectuees[2], 32767);
+TEST(ChallengeCounters, stopAtTheirMaximum) {
+  ScenarioSession session(
+      CHALLENGE "set chrono 32767\nset effectuees 0 32767 0 0\nwait 1000\nkey 9\nkey =\nkey x\n" NEXT_NUMBERS
+                "key Right");
+  EXPECT_EQ(session.shared().chrono, 32767);
+  EXPECT_EQ(session.shared().effectuees[2], 32767);
 }
 
-TEST(ChallengeTimers, tickInTheOrderInWhichTheyWereTurnedOn) {
-  Learner learner(CHALLENGE "wait 31999\nkey 6\nkey 7");
-  learner.effects({});
-  learner.play("wait 1");
-  EXPECT_EQ(learner.shared().chrono, 32) << "the stopwatch ticks before the limit judges";
-  EXPECT_EQ(learner.effects({"record timer"}), "record timer Minuterie off, record timer Minuterie1 off");
+TEST(ChallengeTimers, tickInStartOrder) {
+  ScenarioSession session(CHALLENGE "wait 31999\nkey 6\nkey 7");
+  session.takeEffects({});
+  session.play("wait 1");
+  EXPECT_EQ(session.shared().chrono, 32) << "the stopwatch ticks before the time limit";
+  EXPECT_EQ(session.takeEffects({"record timer"}), "record timer Minuterie off, record timer Minuterie1 off");
 }
 
-TEST(ChallengeTimers, restWhileACorrectionWaits) {
-  Learner learner(CHALLENGE "wait 2900\nkey 9\nkey =\nwait 60000\nkey x\nwait 60000\n" NEXT
-                            "key Right\nwait 1999");
-  EXPECT_EQ(learner.shared().chrono, 3) << "whole seconds of open operations: two and one";
+TEST(ChallengeTimers, areStoppedDuringACorrection) {
+  ScenarioSession session(CHALLENGE "wait 2900\nkey 9\nkey =\nwait 60000\nkey x\nwait 60000\n" NEXT_NUMBERS
+                                    "key Right\nwait 1999");
+  EXPECT_EQ(session.shared().chrono, 3) << "two and one whole seconds of unanswered operations";
 }
 
-TEST(ChallengeScore, isResetByTheResults) {
-  EXPECT_EQ(Learner(CHALLENGE "set score 7\nkey 6").shared().score, 7);
-  EXPECT_EQ(Learner(CHALLENGE "set score 7\nkey Escape").shared().score, 0);
-  EXPECT_EQ(Learner(CHALLENGE "key Escape\nset score 7\nkey 7").shared().score, 0);
+TEST(ChallengeScore, isResetByTheResultsScreen) {
+  EXPECT_EQ(ScenarioSession(CHALLENGE "set score 7\nkey 6").shared().score, 7);
+  EXPECT_EQ(ScenarioSession(CHALLENGE "set score 7\nkey Escape").shared().score, 0);
+  EXPECT_EQ(ScenarioSession(CHALLENGE "key Escape\nset score 7\nkey 7").shared().score, 0);
 }
 
 // ---- The operations ----------------------------------------------------------------------------------
 
-struct Drawn {
+struct DrawnOperation {
   MixedOperation operation;
   int left{};
   int right{};
 };
 
-Drawn draw(const std::array<SaturatingInt16, 5>& rightAnswers, RandomNumbers& random) {
-  Drawn drawn{drawMixedOperation(rightAnswers, random)};
+DrawnOperation draw(const std::array<SaturatingInt16, 5>& rightAnswers, RandomNumbers& random) {
+  DrawnOperation drawn{drawMixedOperation(rightAnswers, random)};
   char sign = ' ';
   std::istringstream(drawn.operation.text) >> drawn.left >> sign >> drawn.right;
   return drawn;
 }
 
-/// Two digits, both in their ranges, as a set of all such numbers would be counted.
+/// Whether the tens are `lowestTens` to `highestTens` and the units 1 to 9.
 bool isTwoDigits(int number, int lowestTens, int highestTens) {
   return number % 10 != 0 && number / 10 >= lowestTens && number / 10 <= highestTens;
 }
 
-TEST(MixedOperations, keepTheRangesOfTheirKind) {
+TEST(MixedOperations, areUniformWithinTheRangesOfTheirKind) {
   RandomNumbers random([] { return 7U; });
   Counts<int> kinds, additionAnswers, subtractionAnswers, quotients, productNumbers;
   Counts<bool> multiplierFirst;
@@ -137,25 +138,25 @@ TEST(MixedOperations, keepTheRangesOfTheirKind) {
       ++quotients[answer];
     }
   }
-  EXPECT_TRUE(looksUniform(kinds, 4));
+  EXPECT_TRUE(isUniform(kinds, 4));
   EXPECT_EQ(additionAnswers.begin()->first, 41);
   EXPECT_EQ(additionAnswers.rbegin()->first, 197);
-  EXPECT_TRUE(looksUniform(subtractionAnswers, 63));
-  EXPECT_TRUE(looksUniform(productNumbers, 72));
-  EXPECT_TRUE(looksUniform(multiplierFirst, 2));
-  EXPECT_TRUE(looksUniform(quotients, 81));
+  EXPECT_TRUE(isUniform(subtractionAnswers, 63));
+  EXPECT_TRUE(isUniform(productNumbers, 72));
+  EXPECT_TRUE(isUniform(multiplierFirst, 2));
+  EXPECT_TRUE(isUniform(quotients, 81));
 }
 
-TEST(MixedOperations, areOfKindsThatStillNeedAnswers) {
-  RandomNumbers random([] { return 7U; }); // the clock stands still
+TEST(MixedOperations, haveKindsThatStillNeedRightAnswers) {
+  RandomNumbers random([] { return 7U; }); // constant time of day
   Counts<int> kinds;
   for (int count = 0; count < 10000; ++count)
     ++kinds[draw({0, 5, 2, 5, 4}, random).operation.kind];
-  EXPECT_TRUE(looksUniform(kinds, 2)) << "only kinds 2 and 4";
+  EXPECT_TRUE(isUniform(kinds, 2)) << "only subtractions and divisions";
   EXPECT_EQ(kinds.begin()->first, kind::subtraction);
   for (int count = 0; count < 100; ++count)
     ASSERT_EQ(draw({0, 5, 5, 5, 4}, random).operation.kind, kind::division);
-  random.give(0.6); // the third kind
+  random.give(0.6); // draws kind 3
   EXPECT_EQ(draw({0, 5, 5, 5, 5}, random).operation.kind, kind::multiplication);
 }
 

@@ -9,32 +9,33 @@
 
 namespace chiffrolo::test {
 
-/// Notes what it is told, does what a test wants it to do meanwhile, and says what it is given to say.
+/// Records the events that it receives, runs `react` during all but `front`, and returns the texts that a
+/// test has set.
 class FakeProgram final : public Events {
 public:
   KeyUse key(int code, std::optional<char32_t> character) noexcept override {
-    note() << "key " << code << '/' << (character ? static_cast<int>(*character) : -1);
+    record() << "key " << code << '/' << (character ? static_cast<int>(*character) : -1);
     react();
     return keyUse;
   }
   void click(ControlIndex control) noexcept override {
-    note() << "click " << control;
+    record() << "click " << control;
     react();
   }
   void tick(ScreenName /*screen*/, ControlIndex timer) noexcept override {
-    note() << "tick " << timer;
+    record() << "tick " << timer;
     react();
   }
-  void front(ScreenName /*screen*/) noexcept override { note() << "front"; }
+  void front(ScreenName /*screen*/) noexcept override { record() << "front"; }
   void close() noexcept override {
-    note() << "close";
+    record() << "close";
     react();
   }
   std::vector<SpokenText> spokenTexts(ScreenName /*screen*/) const noexcept override { return texts; }
   std::string takeAnnouncement() noexcept override { return std::exchange(announcement, {}); }
 
-  /// What it was told since it was last asked.
-  std::string told() { return std::exchange(told_, {}).str(); }
+  /// The events since the last call.
+  std::string takeEvents() { return std::exchange(events_, {}).str(); }
 
   KeyUse keyUse{KeyUse::screenStayed};
   std::function<void()> react{[] {}};
@@ -42,9 +43,9 @@ public:
   std::string announcement;
 
 private:
-  std::ostream& note() { return told_ << (told_.view().empty() ? "" : ", "); }
+  std::ostream& record() { return events_ << (events_.view().empty() ? "" : ", "); }
 
-  std::ostringstream told_;
+  std::ostringstream events_;
 };
 
 } // namespace chiffrolo::test

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 #
-# The check of the includes accepts the tree as it is, and refuses each include that breaks the architecture. For the
-# compiler, no front end is within reach of the core.
+# Checks that packaging/includes.cmake accepts the source tree and rejects each include that breaks the architecture,
+# and that the compiler finds no front end header in the include path of the core.
 # Usage: includes.sh ROOT COMPILER
 set -euo pipefail
 
@@ -21,7 +21,7 @@ while read -r file include; do
     cp "$tree/$file" "$tree/before"
     printf '#include %s\n' "$include" >> "$tree/$file"
     if check "$tree" 2> "$tree/messages"; then
-        echo "$file may include $include"
+        echo "$file: $include is not rejected"
         exit 1
     fi
     grep -qF "$file" "$tree/messages"
@@ -41,6 +41,6 @@ frontends/qt/page.cpp "screen/screen.h"
 END
 
 if "$compiler" -fsyntax-only -I "$root/core" -x c++ - <<< '#include "recording/recording_platform.h"' 2> /dev/null; then
-    echo "the core reaches a front end"
+    echo "a front end header is in the include path of the core"
     exit 1
 fi

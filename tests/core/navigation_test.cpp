@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/core/learner.h"
 #include "tests/core/rows.h"
+#include "tests/core/scenario_session.h"
 
 #include "screen/layouts.h"
 
@@ -8,84 +8,90 @@ namespace chiffrolo::test {
 
 namespace {
 
-// 47+35, answered rightly.
+// 47+35, right answer.
 #define RIGHT_ANSWER "rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nkey 8\nkey 2\nkey Enter\n"
 #define LEVEL_PASSED RIGHT_ANSWER "set score 10\nkey Enter\n"
 
 class Navigation : public testing::TestWithParam<Row> {};
 
-/// The last line of a scenario is what is looked at; the lines before lead there.
-TEST_P(Navigation, moves) {
+/// Checks the screen changes of the last line of a scenario. The lines before it are preparation.
+TEST_P(Navigation, changesScreens) {
   const std::string scenario = GetParam().scenario;
   const auto last = scenario.rfind('\n') == std::string::npos ? 0 : scenario.rfind('\n') + 1;
-  Learner learner(scenario.substr(0, last));
-  if (last > 0) learner.moves();
-  learner.play(scenario.substr(last));
-  EXPECT_EQ(learner.moves(), GetParam().expected);
+  ScenarioSession session(scenario.substr(0, last));
+  if (last > 0) session.takeScreenChanges();
+  session.play(scenario.substr(last));
+  EXPECT_EQ(session.takeScreenChanges(), GetParam().expected);
 }
 
-ROWS(Navigation, {"goodbyeByEscape", "\nkey Escape", "load Aurevoir, activate Aurevoir"},
-     {"firstKeyOpensNothing", "\nkey Right", ""}, {"leftOpensNothing", "key Right\nkey Left", ""},
-     {"apostropheIsNotRight", "set essai 7\nkey '", ""},
-     {"secondKeyOpensAdditions", "key a\nkey Enter", "load addition, activate addition"},
-     {"cursorAt2", "set essai 2\nkey Right", "load multiplication, activate multiplication"},
-     {"cursorAt3", "set essai 3\nkey Space", "load division, activate division"},
-     {"cursorAt4", "set essai 4\nkey 1", "load record, activate record"},
-     {"cursorAt5", "set essai 5\nkey Right", "load Aurevoir, activate Aurevoir"},
-     {"cursorBeyond", "set essai 9\nkey Right", ""}, {"hiddenStopImage", "click Commande1\nclick arret", ""},
-     {"labelIsNoButton", "click Commande1\nclick titre", ""},
-     {"backToLoadedAdditions", "click Commande1\nkey Escape\nclick Commande1", "activate addition"},
-     {"homeFromFinByRight", LEVEL_PASSED "key Right", "activate accueil"},
-     {"homeFromFinByEnter", LEVEL_PASSED "key Enter", "activate accueil"},
-     {"homeFromFinByEscape", LEVEL_PASSED "key Escape", "activate accueil"},
-     {"homeFromFinByArrow", LEVEL_PASSED "click flèche", "activate accueil"},
-     {"secondLevelKeepsAdditions",
+ROWS(Navigation, {"escapeShowsGoodbye", "\nkey Escape", "load Aurevoir, activate Aurevoir"},
+     {"firstKeyOpensNothing", "\nkey Right", ""}, {"leftKeyOpensNothing", "key Right\nkey Left", ""},
+     {"apostropheIsNotTheRightKey", "\nkey '", ""},
+     {"secondKeyOpensAddition", "key a\nkey Enter", "load addition, activate addition"},
+     {"keyAtCursor2OpensMultiplication", "set essai 2\nkey Right",
+      "load multiplication, activate multiplication"},
+     {"keyAtCursor3OpensDivision", "set essai 3\nkey Space", "load division, activate division"},
+     {"keyAtCursor4OpensChallenge", "set essai 4\nkey 1", "load record, activate record"},
+     {"keyAtCursor5OpensGoodbye", "set essai 5\nkey Right", "load Aurevoir, activate Aurevoir"},
+     {"keyAtUnknownCursorOpensNothing", "set essai 9\nkey Right", ""},
+     {"hiddenStopImageCannotBeClicked", "click Commande1\nclick arret", ""},
+     {"labelCannotBeClicked", "click Commande1\nclick titre", ""},
+     {"buttonActivatesLoadedAddition", "click Commande1\nkey Escape\nclick Commande1", "activate addition"},
+     {"rightKeyLeavesFin", LEVEL_PASSED "key Right", "activate accueil"},
+     {"enterLeavesFin", LEVEL_PASSED "key Enter", "activate accueil"},
+     {"escapeLeavesFin", LEVEL_PASSED "key Escape", "activate accueil"},
+     {"arrowImageLeavesFin", LEVEL_PASSED "click flèche", "activate accueil"},
+     {"secondPassedLevelKeepsAdditionLoaded",
       LEVEL_PASSED "key Enter\nclick Commande1\nset score 10\nkey 1\nfront accueil\nfront addition",
       "activate addition, activate FIN"},
-     {"goodbyeHasNoKeys", "key Escape\nkey Escape", ""},
-     {"goodbyeEndsByArrow", "click Commande1\nkey Escape\nkey Escape\nclick flèche", "end"},
-     {"closeLeadsHome", "click Commande1\nclose", "activate accueil, unload addition"},
-     {"closeHomeEnds", "click Commande1\nkey Escape\nclose", "end"},
-     {"frontOfUnloaded", "\nfront addition", ""}, {"frontOfActive", "\nfront accueil", ""},
-     {"frontOfLoaded", "click Commande1\nfront accueil", "activate accueil"});
+     {"goodbyeIgnoresKeys", "key Escape\nkey Escape", ""},
+     {"arrowImageOnGoodbyeEndsTheProgram", "click Commande1\nkey Escape\nkey Escape\nclick flèche", "end"},
+     {"closingAScreenShowsHome", "click Commande1\nclose", "activate accueil, unload addition"},
+     {"closingHomeEndsTheProgram", "click Commande1\nkey Escape\nclose", "end"},
+     {"unloadedScreenCannotBeBroughtToFront", "\nfront addition", ""},
+     {"bringingTheActiveScreenToFrontDoesNothing", "\nfront accueil", ""},
+     {"bringingALoadedScreenToFrontActivatesIt", "click Commande1\nfront accueil", "activate accueil"});
 
-TEST(HomeCursor, goesRoundAndSkipsTheStart) {
-  Learner learner;
+TEST(HomeCursor, advancesByOneAndIsResetByLoadingAScreen) {
+  ScenarioSession session;
   std::string cursor;
   for (int key = 0; key < 7; ++key) {
-    learner.play("key Right\nfront accueil");
-    cursor += std::to_string(learner.shared().essai);
+    session.play("key Right\nfront accueil");
+    cursor += std::to_string(session.shared().essai);
   }
-  // Whatever loads sets `essai` to 0 on its way: additions at the second key, multiplications at the fourth,
-  // divisions at the seventh. Screens that were loaded before leave it as it is.
+  // Loading a screen sets `essai` to 0 before the key adds 1: additions at the second key, multiplications at
+  // the fourth, divisions at the seventh. A screen that is already loaded does not reset it.
   EXPECT_EQ(cursor, "1121231");
 }
 
-TEST(HomeCursor, clicksAndEscapeLeaveIt) {
-  Learner learner("set essai 3\nclick Commande5\nfront accueil\nkey Escape");
-  EXPECT_EQ(learner.shared().essai, 3);
+TEST(HomeCursor, isUnchangedByClicksAndEscape) {
+  ScenarioSession session("set essai 3\nclick Commande5\nfront accueil\nkey Escape");
+  EXPECT_EQ(session.shared().essai, 3);
 }
 
-TEST(Score, isResetByLeavingAndByFin) {
-  EXPECT_EQ(Learner("click Commande1\nset score 4\nkey Escape").shared().score, 0);
-  EXPECT_EQ(Learner(RIGHT_ANSWER "set score 4\nclick arret").shared().score, 0);
-  EXPECT_EQ(Learner(LEVEL_PASSED).shared().score, 0);
-  EXPECT_EQ(Learner(LEVEL_PASSED "set score 4\nkey 7").shared().score, 0) << "any character typed on FIN";
-  EXPECT_EQ(Learner(LEVEL_PASSED "set score 4\nkey Left").shared().score, 4) << "no character, no way home";
-  EXPECT_EQ(Learner("rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nset score 4\nkey 9\nkey Enter\nkey Escape")
-                .shared()
-                .score,
-            3)
-      << "Escape while a correction waits";
+TEST(Score, isResetByLeavingAnExerciseAndByFin) {
+  EXPECT_EQ(ScenarioSession("click Commande1\nset score 4\nkey Escape").shared().score, 0);
+  EXPECT_EQ(ScenarioSession(RIGHT_ANSWER "set score 4\nclick arret").shared().score, 0);
+  EXPECT_EQ(ScenarioSession(LEVEL_PASSED).shared().score, 0);
+  EXPECT_EQ(ScenarioSession(LEVEL_PASSED "set score 4\nkey 7").shared().score, 0)
+      << "any character resets it on FIN";
+  EXPECT_EQ(ScenarioSession(LEVEL_PASSED "set score 4\nkey Left").shared().score, 4)
+      << "the Left key types no character and does not leave FIN";
+  EXPECT_EQ(
+      ScenarioSession("rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nset score 4\nkey 9\nkey Enter\nkey Escape")
+          .shared()
+          .score,
+      3)
+      << "Escape during a correction does not reset it";
 }
 
 // ---- Layouts -----------------------------------------------------------------------------------------
 
-TEST(Layouts, lieWithinTheLeastInnerArea) {
+TEST(Layouts, fitIntoTheMinimumContentArea) {
   for (std::size_t screen = 0; screen < screenCount; ++screen)
-    for (const auto& row : layoutOf(static_cast<ScreenName>(screen)).controls) {
-      EXPECT_LE(row.place.left + row.place.width, minimumContentArea.width) << row.name;
-      EXPECT_LE(row.place.top + row.place.height, minimumContentArea.height) << row.name;
+    for (const auto& control : layoutOf(static_cast<ScreenName>(screen)).controls) {
+      EXPECT_LE(control.place.left + control.place.width, minimumContentArea.width) << control.name;
+      EXPECT_LE(control.place.top + control.place.height, minimumContentArea.height) << control.name;
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-/// A million random events on all screens of two programs, built with the address and undefined-behaviour
-/// sanitizers: whatever is pressed, clicked or awaited, the program stays sound.
+/// Sends a million random events to two programs under the address and undefined-behaviour sanitizers, and
+/// checks after each event that the shared variables are valid.
 
 #include "recording/recording_platform.h"
 #include "screen/layouts.h"
@@ -21,29 +21,29 @@ namespace {
 
 using Generator = std::mt19937;
 
-int drawn(Generator& generator, int below) {
-  return static_cast<int>(generator() % static_cast<unsigned>(below));
+int randomBelow(Generator& generator, int limit) {
+  return static_cast<int>(generator() % static_cast<unsigned>(limit));
 }
 
-/// A program that starts anew whenever it has ended.
-class Restless {
+/// Sends random events to a program, and restarts the program when it has ended.
+class RandomPlayer {
 public:
-  Restless() { restart(); }
+  RandomPlayer() { restart(); }
 
-  void act(Generator& generator) {
-    if (!toType_.empty()) return type();
-    switch (drawn(generator, 16)) {
-    case 0: return click(generator);
-    case 1: return program_->front(static_cast<ScreenName>(drawn(generator, screenCount)));
-    case 2: return platform_->wait(std::chrono::milliseconds(drawn(generator, 40000)));
-    case 3: return rarely(generator);
-    case 4: return knowTheAnswer();
-    case 5: return comeFar();
-    default: return press(generator);
+  void playEvent(Generator& generator) {
+    if (!charactersToType_.empty()) return typeNextCharacter();
+    switch (randomBelow(generator, 16)) {
+    case 0: return clickAnyControl(generator);
+    case 1: return program_->front(static_cast<ScreenName>(randomBelow(generator, screenCount)));
+    case 2: return platform_->wait(std::chrono::milliseconds(randomBelow(generator, 40000)));
+    case 3: return closeOrTick(generator);
+    case 4: return prepareRightAnswer();
+    case 5: return setHighScore();
+    default: return pressAnyKey(generator);
     }
   }
 
-  void check() {
+  void checkVariables() {
     if (platform_->hasQuit()) return restart();
     const auto& shared = program_->shared();
     ASSERT_TRUE(program_->active().has_value());
@@ -55,7 +55,7 @@ public:
   }
 
   ScreenName active() const { return *program_->active(); }
-  /// What was said is not said again, and what is said can be read.
+  /// No spoken text is empty, and no change is announced twice.
   void checkSpeech() {
     const auto texts = program_->spokenTexts(active());
     ASSERT_LT(texts.size(), 100U);
@@ -71,7 +71,7 @@ private:
     platform_.emplace(RecordingPlatform::Sink{});
     program_.emplace(*platform_, allScreens);
     program_->start();
-    chrono_ = 0;
+    previousChrono_ = 0;
   }
 
   void checkChallenge(const MODULE11& shared) {
@@ -83,62 +83,64 @@ private:
       ASSERT_LE(shared.reussies[kind], shared.effectuees[kind]);
     }
     const bool challengeHasBegun = shared.chrono == 0 && drawnOperations == 1;
-    ASSERT_TRUE(shared.chrono >= chrono_ || challengeHasBegun);
-    chrono_ = shared.chrono;
+    ASSERT_TRUE(shared.chrono >= previousChrono_ || challengeHasBegun);
+    previousChrono_ = shared.chrono;
   }
 
-  void press(Generator& generator) {
+  void pressAnyKey(Generator& generator) {
     static constexpr std::array<char32_t, 10> characters{13, 13, 13, 27, 8, U' ', U'=', U'x', U'é', U'\''};
-    if (drawn(generator, 8) == 0) {
-      program_->key(drawn(generator, 2) == 0 ? keyCode::right : keyCode::other, std::nullopt);
+    if (randomBelow(generator, 8) == 0) {
+      program_->key(randomBelow(generator, 2) == 0 ? keyCode::right : keyCode::other, std::nullopt);
     } else {
-      const bool digit = drawn(generator, 2) == 0;
-      const auto number = static_cast<std::size_t>(drawn(generator, 10));
+      const bool digit = randomBelow(generator, 2) == 0;
+      const auto number = static_cast<std::size_t>(randomBelow(generator, 10));
       const char32_t typed = digit ? U'0' + static_cast<char32_t>(number) : characters[number];
       program_->key(typed == character::enter ? keyCode::enter : keyCode::other, typed);
     }
   }
 
-  void knowTheAnswer() { toType_ = std::to_string(program_->shared().resultat) + '\r'; }
+  void prepareRightAnswer() { charactersToType_ = std::to_string(program_->shared().resultat) + '\r'; }
 
-  /// Chance alone passes no level.
-  void comeFar() { program_->shared().score = 9; }
+  /// Random answers hardly ever reach the ten points of a level.
+  void setHighScore() { program_->shared().score = 9; }
 
-  void type() {
-    const auto typed = static_cast<char32_t>(toType_.front());
-    toType_.erase(0, 1);
+  void typeNextCharacter() {
+    const auto typed = static_cast<char32_t>(charactersToType_.front());
+    charactersToType_.erase(0, 1);
     program_->key(typed == character::enter ? keyCode::enter : keyCode::other, typed);
   }
 
-  void click(Generator& generator) { program_->click(static_cast<ControlIndex>(drawn(generator, 10))); }
+  void clickAnyControl(Generator& generator) {
+    program_->click(static_cast<ControlIndex>(randomBelow(generator, 10)));
+  }
 
-  void rarely(Generator& generator) {
-    if (drawn(generator, 20) == 0) return program_->close();
-    // A stray tick of any control of any screen, on time or not.
-    program_->tick(static_cast<ScreenName>(drawn(generator, screenCount)),
-                   static_cast<ControlIndex>(drawn(generator, 10)));
+  void closeOrTick(Generator& generator) {
+    if (randomBelow(generator, 20) == 0) return program_->close();
+    // Any control of any screen, whether or not it is a running timer.
+    program_->tick(static_cast<ScreenName>(randomBelow(generator, screenCount)),
+                   static_cast<ControlIndex>(randomBelow(generator, 10)));
   }
 
   std::optional<RecordingPlatform> platform_;
   std::optional<Program> program_;
-  std::string toType_;
-  int chrono_{};
+  std::string charactersToType_;
+  int previousChrono_{};
 };
 
-TEST(RandomEvents, keepTwoProgramsSound) {
+TEST(RandomEvents, keepTheVariablesOfTwoProgramsValid) {
   constexpr int events = 1'000'000;
   Generator generator(20260101);
-  std::array<Restless, 2> runs;
-  std::set<ScreenName> seen;
+  std::array<RandomPlayer, 2> players;
+  std::set<ScreenName> activeScreens;
   for (int event = 0; event < events; ++event) {
-    Restless& run = runs[static_cast<std::size_t>(drawn(generator, 2))];
-    run.act(generator);
-    ASSERT_NO_FATAL_FAILURE(run.check()) << "event " << event;
-    seen.insert(run.active());
+    RandomPlayer& player = players[static_cast<std::size_t>(randomBelow(generator, 2))];
+    player.playEvent(generator);
+    ASSERT_NO_FATAL_FAILURE(player.checkVariables()) << "event " << event;
+    activeScreens.insert(player.active());
     if (event % 100 != 0) continue;
-    ASSERT_NO_FATAL_FAILURE(run.checkSpeech()) << "event " << event;
+    ASSERT_NO_FATAL_FAILURE(player.checkSpeech()) << "event " << event;
   }
-  EXPECT_EQ(seen.size(), screenCount);
+  EXPECT_EQ(activeScreens.size(), screenCount);
 }
 
 } // namespace

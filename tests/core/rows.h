@@ -7,7 +7,7 @@
 
 namespace chiffrolo::test {
 
-/// One row of a table of like cases: what is played, and what must come of it.
+/// One row of a parameterized test: the scenario to play and the expected result.
 struct Row {
   const char* name;
   const char* scenario;
@@ -20,7 +20,7 @@ inline std::string nameOfRow(const testing::TestParamInfo<Row>& info) { return i
 
 } // namespace chiffrolo::test
 
-/// The rows that follow run as tests of `suite`, a `testing::TestWithParam<Row>`.
+/// Runs `suite`, a `testing::TestWithParam<Row>`, with each of the given rows.
 #define ROWS(suite, ...)                                                                                     \
   INSTANTIATE_TEST_SUITE_P(Rows, suite, testing::ValuesIn(std::vector<chiffrolo::test::Row>{__VA_ARGS__}),   \
                            chiffrolo::test::nameOfRow)

@@ -10,13 +10,13 @@ namespace chiffrolo::test {
 
 namespace {
 
-/// A screen that goes on drawing in the handler that has unloaded it.
+/// A screen whose handler unloads it and then continues to draw.
 class SelfUnloadingScreen final : public Screen {
 public:
   explicit SelfUnloadingScreen(ScreenHost& host) : Screen(host, layoutOf(ScreenName::addition)) {}
 
   void Form_KeyPress(char32_t /*character*/) override {
-    Unload(ScreenName::accueil); // the slot in which the program holds it
+    Unload(ScreenName::accueil); // this screen: the program created it as `accueil`
     bringToFront();
     Cls();
     Print("47", Then::nextZone);
@@ -37,7 +37,7 @@ private:
   Timer Minuterie{*this, "Minuterie"};
 };
 
-TEST(Screen, hasNoEffectAfterItWasUnloaded) {
+TEST(Screen, hasNoEffectsAfterItWasUnloaded) {
   std::vector<std::string> effects;
   RecordingPlatform platform([&](std::string_view line) { effects.emplace_back(line); });
   Program program(platform, {[](ScreenHost& host) -> std::shared_ptr<Screen> {

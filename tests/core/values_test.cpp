@@ -10,14 +10,14 @@ namespace chiffrolo::test {
 
 namespace {
 
-TEST(Values, halvesGoToTheEvenNeighbour) {
+TEST(Values, CIntRoundsHalvesToEvenAndSaturates) {
   const std::pair<double, int> rows[]{{2.5, 2},  {3.5, 4},      {-0.5, 0},    {-1.5, -2},    {2.4999, 2},
                                       {2.51, 3}, {293.75, 294}, {1e9, 32767}, {-1e9, -32768}};
   for (const auto& [value, expected] : rows)
     EXPECT_EQ(CInt(value), expected) << value;
 }
 
-TEST(Values, numbersAndTexts) {
+TEST(Values, numbersAreConvertedToAndFromTexts) {
   EXPECT_EQ(numberText(-15), "-15");
   const std::pair<const char*, int> rows[]{{"", 0},    {"007", 7}, {"12x", 12},
                                            {"x12", 0}, {"-5", 0},  {"9999", 9999}};
@@ -25,7 +25,7 @@ TEST(Values, numbersAndTexts) {
     EXPECT_EQ(numberOf(text), expected) << text;
 }
 
-TEST(RandomNumbers, givenOnesComeFirstWhateverIsReseeded) {
+TEST(RandomNumbers, givenNumbersComeFirstDespiteReseeding) {
   RandomNumbers random([] { return 1U; });
   random.give(0.25);
   random.give(0.999);
@@ -35,7 +35,7 @@ TEST(RandomNumbers, givenOnesComeFirstWhateverIsReseeded) {
   EXPECT_EQ(random.givenNumbersLeft(), 0U);
 }
 
-TEST(RandomNumbers, reseedingAtOneInstantGoesOn) {
+TEST(RandomNumbers, reseedingAtTheSameInstantRepeatsNoNumber) {
   RandomNumbers random([] { return 1U; });
   std::set<double> drawn;
   for (int draw = 0; draw < 100; ++draw) {
@@ -45,7 +45,7 @@ TEST(RandomNumbers, reseedingAtOneInstantGoesOn) {
   EXPECT_EQ(drawn.size(), 100U);
 }
 
-TEST(RandomNumbers, theTimeOfDayChangesTheRun) {
+TEST(RandomNumbers, timeOfDayChangesTheSequence) {
   RandomNumbers early([] { return 1U; });
   RandomNumbers late([] { return 2U; });
   early.Randomize();

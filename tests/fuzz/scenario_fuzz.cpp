@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-/// Plays whatever bytes the fuzzer thinks of as a scenario. Whatever they are, no sanitizer may complain, and
-/// - what is printed and what is said must be well-formed text;
-/// - a line that is refused must have done nothing, and what was said is not said again;
-/// - the same scenario without the refused lines, and with nobody listening, must give the same transcript.
+/// Plays the fuzzer's input as a scenario, under the sanitizers, and checks that
+/// - every transcript line, announcement and spoken text is well-formed and printable;
+/// - a rejected line has no effect, and no change is announced twice;
+/// - the accepted lines alone, played without a screen reader's queries, give the same transcript.
 
 #include "recording/player.h"
 #include "screen/utf8.h"
@@ -21,16 +21,16 @@ using Lines = std::vector<std::string>;
 void expect(bool condition, std::string_view what, std::string_view where) {
   if (condition) return;
   std::cerr << what << ": " << where << '\n';
-  std::abort(); // which the fuzzer takes for a crash, so that it keeps the input
+  std::abort(); // the fuzzer saves an input that crashes
 }
 
-void expectText(std::string_view text) {
+void expectPrintable(std::string_view text) {
   constexpr char32_t firstPrintable = 32;
   const auto isPrintable = [](std::string_view bytes) {
     const auto code = codePoint(bytes);
     return code && *code >= firstPrintable;
   };
-  expect(std::ranges::all_of(characters(text), isPrintable), "not a text", text);
+  expect(std::ranges::all_of(characters(text), isPrintable), "not printable text", text);
 }
 
 Lines linesOf(std::string_view scenario) {
@@ -43,15 +43,15 @@ Lines linesOf(std::string_view scenario) {
   return lines;
 }
 
-void listen(Program& program) {
-  expectText(program.takeAnnouncement());
-  expect(program.takeAnnouncement().empty(), "said twice", "");
+void checkAnnouncement(Program& program) {
+  expectPrintable(program.takeAnnouncement());
+  expect(program.takeAnnouncement().empty(), "announced twice", "");
 }
 
-void readAloud(const Program& program) {
+void checkSpokenTexts(const Program& program) {
   if (const auto active = program.active())
     for (const auto& text : program.spokenTexts(*active))
-      expectText(text.words);
+      expectPrintable(text.words);
 }
 
 struct Run {
@@ -59,10 +59,10 @@ struct Run {
   Lines transcript;
 };
 
-Run playAttentively(const Lines& lines) {
+Run playWithScreenReader(const Lines& lines) {
   Run run;
   Player player([&](std::string_view line) {
-    expectText(line);
+    expectPrintable(line);
     run.transcript.emplace_back(line);
   });
   for (const auto& line : lines) {
@@ -72,15 +72,15 @@ Run playAttentively(const Lines& lines) {
       player.play(line);
       run.accepted.push_back(line);
     } catch (const ScenarioError&) {
-      expect(run.transcript.size() == before, "refused, and yet it did something", line);
+      expect(run.transcript.size() == before, "rejected, but it had an effect", line);
     }
-    listen(player.program());
+    checkAnnouncement(player.program());
   }
-  readAloud(player.program());
+  checkSpokenTexts(player.program());
   return run;
 }
 
-Lines playDeaf(const Lines& lines) {
+Lines playWithoutScreenReader(const Lines& lines) {
   Lines transcript;
   Player player([&](std::string_view line) { transcript.emplace_back(line); });
   for (const auto& line : lines)
@@ -88,10 +88,10 @@ Lines playDeaf(const Lines& lines) {
   return transcript;
 }
 
-void expectSame(const Lines& one, const Lines& other) {
-  const auto [in, inOther] = std::ranges::mismatch(one, other);
-  expect(in == one.end(), "not in the second run", in == one.end() ? "" : *in);
-  expect(inOther == other.end(), "in the second run only", inOther == other.end() ? "" : *inOther);
+void expectEqual(const Lines& first, const Lines& second) {
+  const auto [inFirst, inSecond] = std::ranges::mismatch(first, second);
+  expect(inFirst == first.end(), "in the first run only", inFirst == first.end() ? "" : *inFirst);
+  expect(inSecond == second.end(), "in the second run only", inSecond == second.end() ? "" : *inSecond);
 }
 
 } // namespace
@@ -100,7 +100,7 @@ void expectSame(const Lines& one, const Lines& other) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace chiffrolo::test;
-  const auto run = playAttentively(linesOf(std::string(data, data + size)));
-  expectSame(run.transcript, playDeaf(run.accepted));
+  const auto run = playWithScreenReader(linesOf(std::string(data, data + size)));
+  expectEqual(run.transcript, playWithoutScreenReader(run.accepted));
   return 0;
 }

@@ -20,24 +20,24 @@ TEST_F(FrontEnd, tellsKeys) {
   press(Qt::Key_Right);
   press(Qt::Key_Tab, "\t");
   press(Qt::Key_Shift);
-  EXPECT_EQ(program_.told(), "key 0/55, key 39/-1, key 0/-1");
+  EXPECT_EQ(program_.takeEvents(), "key 0/55, key 39/-1, key 0/-1");
 }
 
 TEST_F(FrontEnd, tellsClicksOnButtonsAndVisibleImagesOnly) {
   clickAt(10, 70);
   clickAt(10, 300);
-  EXPECT_EQ(program_.told(), "click 1") << "a button, and nothing";
+  EXPECT_EQ(program_.takeEvents(), "click 1") << "a button, and nothing";
   drill_->activate();
   clickAt(10, 100);
   clickAt(100 + 16, 26 + 16, Qt::RightButton);
   clickAt(216, 42);
-  EXPECT_EQ(program_.told(), "") << "a label, another button of the mouse, a hidden image";
+  EXPECT_EQ(program_.takeEvents(), "") << "a label, another button of the mouse, a hidden image";
   drill_->setVisible(stop, Visibility::visible);
   clickAt(216, 42);
   clickArrow();
   drill_->setVisible(arrow, Visibility::hidden);
   clickArrow();
-  EXPECT_EQ(program_.told(), "click 1, click 0");
+  EXPECT_EQ(program_.takeEvents(), "click 1, click 0");
 }
 
 TEST_F(FrontEnd, tellsWhenItIsClosed) {
@@ -46,7 +46,7 @@ TEST_F(FrontEnd, tellsWhenItIsClosed) {
   clickCloseBox();
   EXPECT_EQ(host().focusWidget(), focus);
   EXPECT_FALSE(host().close());
-  EXPECT_EQ(program_.told(), "close, close");
+  EXPECT_EQ(program_.takeEvents(), "close, close");
 }
 
 TEST_F(FrontEnd, dropsTheRepeatsOfAKeyFromAnotherScreen) {
@@ -57,39 +57,39 @@ TEST_F(FrontEnd, dropsTheRepeatsOfAKeyFromAnotherScreen) {
   home_->activate();
   sendKey(QEvent::KeyPress, Qt::Key_Return, enterKey, "\r", Qt::NoModifier, true);
   sendKey(QEvent::KeyRelease, Qt::Key_Return, enterKey, "\r");
-  EXPECT_EQ(program_.told(), "key 13/13, key 13/13");
+  EXPECT_EQ(program_.takeEvents(), "key 13/13, key 13/13");
 }
 
 // ---- The focus of the buttons ------------------------------------------------------------------------
 
 TEST_F(FrontEnd, movesTheFocusByTabAndGivesItBack) {
   press(Qt::Key_Space, " ");
-  EXPECT_EQ(program_.told(), "key 0/32, click 0");
+  EXPECT_EQ(program_.takeEvents(), "key 0/32, click 0");
   press(Qt::Key_Tab, "\t");
-  EXPECT_EQ(program_.told(), "");
+  EXPECT_EQ(program_.takeEvents(), "");
   press(Qt::Key_Space, " ");
-  EXPECT_EQ(program_.told(), "key 0/32, click 1");
+  EXPECT_EQ(program_.takeEvents(), "key 0/32, click 1");
   drill_->activate();
   home_->activate();
   passTime(); // or else the key would be taken for a repeat
   press(Qt::Key_Enter, "\r");
   press(Qt::Key_Backtab, "\t");
   press(Qt::Key_Return, "\r");
-  EXPECT_EQ(program_.told(), "key 13/13, click 1, key 13/13, click 0");
+  EXPECT_EQ(program_.takeEvents(), "key 13/13, click 1, key 13/13, click 0");
 }
 
 TEST_F(FrontEnd, clicksNoButtonByAKeyThatIsUsedUp) {
   program_.keyUse = Events::KeyUse::screenChanged;
   press(Qt::Key_Space, " ");
   press(Qt::Key_Return, "\r");
-  EXPECT_EQ(program_.told(), "key 0/32, key 13/13");
+  EXPECT_EQ(program_.takeEvents(), "key 0/32, key 13/13");
 }
 
 TEST_F(FrontEnd, clicksNoButtonByTheReleaseOfAKeyThatLedHome) {
   drill_->activate();
   program_.react = [this] { home_->activate(); };
   press(Qt::Key_Space, " ");
-  EXPECT_EQ(program_.told(), "key 0/32");
+  EXPECT_EQ(program_.takeEvents(), "key 0/32");
 }
 
 // ---- A window that goes inside one of its own events -------------------------------------------------
@@ -106,11 +106,11 @@ protected:
     };
   }
   void expectToldOnly(const std::string& event) {
-    EXPECT_EQ(program_.told(), event);
+    EXPECT_EQ(program_.takeEvents(), event);
     EXPECT_EQ(seen(labelBackground), QRect());
     clickArrow();
     passTime();
-    EXPECT_EQ(program_.told(), "click 0"); // the button that lies where the arrow was
+    EXPECT_EQ(program_.takeEvents(), "click 0"); // the button that lies where the arrow was
   }
 };
 
@@ -143,7 +143,7 @@ TEST_F(DestroyedWindow, beforeAnotherIsActive) {
   for (auto* const button : host().findChildren<QAbstractButton*>())
     if (!button->isVisible()) button->click();
   passTime();
-  EXPECT_EQ(program_.told(), "");
+  EXPECT_EQ(program_.takeEvents(), "");
 }
 
 // ---- Time and size -----------------------------------------------------------------------------------
@@ -153,10 +153,10 @@ TEST_F(FrontEnd, ticksWhetherOrNotInFront) {
   program_.react = [&] { ++ticks; };
   ticking(Switch::on);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }));
-  EXPECT_EQ(program_.told().substr(0, 14), "tick 3, tick 3");
+  EXPECT_EQ(program_.takeEvents().substr(0, 14), "tick 3, tick 3");
   ticking(Switch::off);
   passTime();
-  EXPECT_EQ(program_.told(), "");
+  EXPECT_EQ(program_.takeEvents(), "");
   drill_ = platform_.createWindow(drillLayout, program_);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 3; })) << "its timer is on by design";
 }
@@ -174,7 +174,7 @@ TEST_F(FrontEnd, timersStartedInOneEventStartAtOnce) {
   };
   press(Qt::Key_7, "7");
   passTime();
-  EXPECT_EQ(program_.told().substr(0, 18), "key 0/55, tick 3, ");
+  EXPECT_EQ(program_.takeEvents().substr(0, 18), "key 0/55, tick 3, ");
 }
 
 TEST_F(FrontEnd, hiddenPagesFollowTheHost) {
@@ -235,11 +235,11 @@ TEST_F(SmallFrontEnd, showsEverythingSmaller) {
 TEST_F(SmallFrontEnd, takesClicksWhereItShowsTheControls) {
   clickAt(1 + 88, 26 + 2);
   clickAt(1 + 112, 26 + 25);
-  EXPECT_EQ(program_.told(), "click 0, click 0");
+  EXPECT_EQ(program_.takeEvents(), "click 0, click 0");
   clickAt(1 + 84, 26 + 10);
   clickAt(1 + 115, 26 + 10);
   clickAt(1 + 100, 26 + 29);
-  EXPECT_EQ(program_.told(), "") << "beside the arrow and below it";
+  EXPECT_EQ(program_.takeEvents(), "") << "beside the arrow and below it";
 }
 
 TEST_F(FrontEnd, dropsTheRepeatsOfAZoomKeyWithoutControl) {
@@ -247,11 +247,11 @@ TEST_F(FrontEnd, dropsTheRepeatsOfAZoomKeyWithoutControl) {
   drill_->activate();
   sendKey(QEvent::KeyPress, Qt::Key_Equal, equalsKey, "=");
   sendKey(QEvent::KeyRelease, Qt::Key_Equal, equalsKey, "=");
-  EXPECT_EQ(program_.told(), "key 0/61");
+  EXPECT_EQ(program_.takeEvents(), "key 0/61");
   sendKey(QEvent::KeyPress, Qt::Key_Equal, equalsKey, "=", Qt::ControlModifier);
   sendKey(QEvent::KeyPress, Qt::Key_Equal, equalsKey, "=", Qt::ControlModifier, true);
   sendKey(QEvent::KeyPress, Qt::Key_Equal, equalsKey, "=", Qt::NoModifier, true);
-  EXPECT_EQ(program_.told(), "");
+  EXPECT_EQ(program_.takeEvents(), "");
 }
 
 class ZoomedFrontEnd : public FrontEnd {
@@ -266,10 +266,10 @@ protected:
 };
 
 TEST_F(ZoomedFrontEnd, isLargerUntilItIsToldOtherwise) {
-  EXPECT_EQ(program_.told(), "") << "nobody else sees the keys of the zoom";
+  EXPECT_EQ(program_.takeEvents(), "") << "nobody else sees the keys of the zoom";
   EXPECT_FLOAT_EQ(drill_->width(), static_cast<float>(host().width() - 2) * 0.75F);
   clickAt(1 + 300 + 90, 26 + 90);
-  EXPECT_EQ(program_.told(), "click 0");
+  EXPECT_EQ(program_.takeEvents(), "click 0");
   home_->activate();
   drill_->activate();
   EXPECT_EQ(seen(labelBackground), QRect(1, 26 + 180, 600, 120));
@@ -320,14 +320,14 @@ TEST_F(ZoomedFrontEnd, showsAnImageThatBecomesVisible) {
   drill_->setVisible(stop, Visibility::visible);
   passTime();
   clickAt(1 + 600 + 50, 26 + 50);
-  EXPECT_EQ(program_.told(), "click 1");
+  EXPECT_EQ(program_.takeEvents(), "click 1");
 }
 
 TEST_F(ZoomedFrontEnd, showsTheButtonThatGetsTheFocus) {
   home_->activate();
   press(Qt::Key_Backtab, "\t");
   clickAt(1280 - 300, 1024 - 100);
-  EXPECT_EQ(program_.told(), "click 2");
+  EXPECT_EQ(program_.takeEvents(), "click 2");
 }
 
 /// The minimum content area has 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are shown.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 #
-# Plays a scenario and compares what the program does with the transcript beside it.
+# Plays a scenario and compares the output with the transcript in the same folder.
 # Usage: replay.sh PLAYER FILE.scenario
 set -euo pipefail
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/core/learner.h"
+#include "tests/core/scenario_session.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace chiffrolo::test {
 
 namespace {
 
-/// One a line.
+/// One malformed command per line.
 constexpr const char* malformed =
     "press 1\nKEY 1\n # x\n"
     "key\nkey 1 2\nkey enter\nkey \xF0\x9F\x98\x80\nkey \x01\nkey \xC3\nkey \xC1\xA1\nkey \xED\xA0\x80\n"
@@ -18,36 +18,36 @@ constexpr const char* malformed =
     "set\nset essai\nset reponse 1\nset essai 32768\nset couleur 16\nset enAttente 2\n"
     "set reussies 1 2 3\nset effectuees 1 2 3 4 5\nset reussies 1 2 3 32768\nstate all\n";
 
-TEST(Scenario, isRefusedWhereItIsMalformedBeforeAnythingHappens) {
-  Learner learner("state");
-  const std::string untouched = learner.effects({"state"});
+TEST(Scenario, malformedLineIsRejectedAndHasNoEffect) {
+  ScenarioSession session("state");
+  const std::string untouched = session.takeEffects({"state"});
   std::istringstream lines(malformed);
   for (std::string line; std::getline(lines, line);) {
-    EXPECT_THROW(learner.play(line), ScenarioError) << line;
-    EXPECT_EQ(learner.effects({""}), "") << line;
-    learner.play("state");
-    EXPECT_EQ(learner.effects({"state"}), untouched) << line;
+    EXPECT_THROW(session.play(line), ScenarioError) << line;
+    EXPECT_EQ(session.takeEffects({""}), "") << line;
+    session.play("state");
+    EXPECT_EQ(session.takeEffects({"state"}), untouched) << line;
   }
 }
 
-TEST(Scenario, setReachesEveryVariable) {
-  Learner learner(
+TEST(Scenario, setChangesEveryVariable) {
+  ScenarioSession session(
       "rnd 0.25 0.5\nset couleur 15\nset ligne 2\nset colonne 3\nset chrono 4\nset score 5\nset essai 6\n"
       "set enAttente 1\nset nbOperations 7\nset resultat 32767\nset reussies 1 2 3 4\n"
       "set effectuees 5 6 7 8\nstate");
   EXPECT_EQ(
-      learner.effects({"state"}),
+      session.takeEffects({"state"}),
       "state active=accueil touche=0 texte=\"\" couleur=15 ligne=2 colonne=3 reponse=\"\" chrono=4 "
       "consigne=\"\" "
       "score=5 essai=6 enAttente=1 nbOperations=7 operation=\"\" termes2=\"\" termes3=\"\" resultat=32767 "
       "reussies=1,2,3,4 effectuees=5,6,7,8 rnd=2");
 }
 
-TEST(Scenario, blanksAndCommentsDoNothing) {
-  Learner learner("\n   \n\t\n# key Escape\n#key Escape\r\n");
-  EXPECT_EQ(learner.moves(), "load accueil, activate accueil");
-  learner.play("  key\tEscape \r");
-  EXPECT_EQ(learner.moves(), "load Aurevoir, activate Aurevoir");
+TEST(Scenario, blanksAndCommentsAreIgnored) {
+  ScenarioSession session("\n   \n\t\n# key Escape\n#key Escape\r\n");
+  EXPECT_EQ(session.takeScreenChanges(), "load accueil, activate accueil");
+  session.play("  key\tEscape \r");
+  EXPECT_EQ(session.takeScreenChanges(), "load Aurevoir, activate Aurevoir");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "modes/long_division.h"
-#include "tests/core/drill.h"
+#include "tests/core/operation_sampler.h"
 
 #include <gtest/gtest.h>
 
@@ -13,15 +13,15 @@ namespace chiffrolo::test {
 
 namespace {
 
-constexpr int draws = 100000;
+constexpr int drawCount = 100000;
 
-/// "47x3" is 47, 'x', 3; blanks do not count.
 struct Operation {
   int left{};
   char sign{};
   int right{};
 };
 
+/// "47x3" gives 47, 'x', 3. Blanks are ignored.
 Operation parsed(std::string text) {
   std::erase(text, ' ');
   Operation operation;
@@ -29,19 +29,19 @@ Operation parsed(std::string text) {
   return operation;
 }
 
-class Draws : public testing::TestWithParam<int> {
+class DrawnOperations : public testing::TestWithParam<int> {
 protected:
   const int score = GetParam();
 };
 
-INSTANTIATE_TEST_SUITE_P(Scores, Draws, testing::Values(0, 2, 3, 4, 5, 6, 9));
+INSTANTIATE_TEST_SUITE_P(Scores, DrawnOperations, testing::Values(0, 2, 3, 4, 5, 6, 9));
 
-TEST_P(Draws, additions) {
-  Drill drill(ScreenName::addition);
+TEST_P(DrawnOperations, additionsAndSubtractionsAreUniform) {
+  OperationSampler sampler(ScreenName::addition);
   Counts<bool> signs;
   Counts<std::pair<int, int>> numbers;
-  for (int draw = 0; draw < draws; ++draw) {
-    const auto& shared = drill.draw(score);
+  for (int draw = 0; draw < drawCount; ++draw) {
+    const auto& shared = sampler.draw(score);
     const auto [left, sign, right] = parsed(shared.operation);
     const bool adds = sign == '+';
     const int result = adds ? left + right : left - right;
@@ -54,22 +54,22 @@ TEST_P(Draws, additions) {
     ++signs[adds];
     ++numbers[{adds ? left : result, right}];
   }
-  // Two numbers without a 0 digit; up to a score of 5 their sum has two digits.
+  // Two-digit numbers without the digit 0. Up to a score of 5, their sum is below 100.
   std::size_t pairs = 0;
   for (int first = 11; first < 100; ++first)
     for (int second = 11; second < 100; ++second)
       pairs += first % 10 != 0 && second % 10 != 0 && (score > 5 || first + second < 100) ? 1 : 0;
-  EXPECT_TRUE(looksUniform(numbers, pairs)) << numbers.size() << " of " << pairs;
-  // Three in ten, within five standard deviations.
-  EXPECT_NEAR(signs[true], 0.3 * draws, 5 * std::sqrt(draws * 0.3 * 0.7));
+  EXPECT_TRUE(isUniform(numbers, pairs)) << numbers.size() << " of " << pairs;
+  // Additions have a probability of 0.3. The tolerance is five standard deviations.
+  EXPECT_NEAR(signs[true], 0.3 * drawCount, 5 * std::sqrt(drawCount * 0.3 * 0.7));
 }
 
-TEST_P(Draws, multiplications) {
-  Drill drill(ScreenName::multiplication);
+TEST_P(DrawnOperations, multiplicationsAreUniform) {
+  OperationSampler sampler(ScreenName::multiplication);
   Counts<std::pair<int, int>> factors;
   Counts<bool> numberFirst;
-  for (int draw = 0; draw < draws; ++draw) {
-    const auto& shared = drill.draw(score);
+  for (int draw = 0; draw < drawCount; ++draw) {
+    const auto& shared = sampler.draw(score);
     const auto [left, sign, right] = parsed(shared.operation);
     const bool first = left > 9;
     const int number = std::max(left, right);
@@ -87,16 +87,16 @@ TEST_P(Draws, multiplications) {
   for (int number = 11; number < 100; ++number)
     for (int multiplier = score < 5 ? 2 : 3; multiplier <= (score < 5 ? 5 : 9); ++multiplier)
       pairs += number % 10 != 0 && (score > 2 || number * multiplier < 100) ? 1 : 0;
-  EXPECT_TRUE(looksUniform(factors, pairs)) << factors.size() << " of " << pairs;
-  EXPECT_TRUE(looksUniform(numberFirst, 2));
+  EXPECT_TRUE(isUniform(factors, pairs)) << factors.size() << " of " << pairs;
+  EXPECT_TRUE(isUniform(numberFirst, 2));
 }
 
-TEST_P(Draws, divisions) {
-  Drill drill(ScreenName::division);
+TEST_P(DrawnOperations, divisionsAreUniform) {
+  OperationSampler sampler(ScreenName::division);
   Counts<int> quotients;
   Counts<int> divisors;
-  for (int draw = 0; draw < draws; ++draw) {
-    const auto& shared = drill.draw(score);
+  for (int draw = 0; draw < drawCount; ++draw) {
+    const auto& shared = sampler.draw(score);
     const auto [dividend, sign, divisor] = parsed(shared.operation);
     ASSERT_EQ(shared.resultat * divisor, dividend) << shared.operation;
     ASSERT_EQ(shared.operation.find(' ') == 1, dividend > 999) << shared.operation;
@@ -105,15 +105,15 @@ TEST_P(Draws, divisions) {
   }
   EXPECT_EQ(quotients.begin()->first, 11);
   EXPECT_EQ(quotients.rbegin()->first, score <= 2 ? 99 : 999);
-  EXPECT_TRUE(looksUniform(quotients, score <= 2 ? 89 : 989));
+  EXPECT_TRUE(isUniform(quotients, score <= 2 ? 89 : 989));
   EXPECT_EQ(divisors.begin()->first, score <= 4 ? 2 : 6);
-  EXPECT_TRUE(looksUniform(divisors, 4));
+  EXPECT_TRUE(isUniform(divisors, 4));
 }
 
-TEST(LongDivisionDigits, endWhereTheNumberEnds) {
+TEST(LongDivisionDigits, areEmptyOutsideTheQuotient) {
   const LongDivision division(62, 6);
-  for (const int beyond : {0, -1, 3, 32767})
-    EXPECT_EQ(division.quotientDigit(beyond), "") << beyond;
+  for (const int index : {0, -1, 3, 32767})
+    EXPECT_EQ(division.quotientDigit(index), "") << index;
 }
 
 } // namespace

@@ -9,15 +9,15 @@
 
 namespace chiffrolo::test {
 
-/// Draws one operation after another on an exercise screen, without a transcript and always in the same way.
-class Drill {
+/// Draws operations on an exercise screen, without a transcript. The sequence is the same in each run.
+class OperationSampler {
 public:
-  explicit Drill(ScreenName screen) : screen_(screen) {
+  explicit OperationSampler(ScreenName screen) : screen_(screen) {
     program_.start();
     program_.Show(screen);
   }
 
-  /// The shared variables after a new operation was drawn at `score`, 0 to 9.
+  /// Draws an operation at `score`, 0 to 9, and returns the shared variables.
   const MODULE11& draw(int score) {
     program_.shared().score = score;
     program_.front(ScreenName::accueil);
@@ -34,19 +34,19 @@ private:
 /// How often each outcome was drawn.
 template <typename Outcome> using Counts = std::map<Outcome, int>;
 
-/// Whether the counts of all `outcomes` equally likely outcomes differ no more than chance allows: the
-/// chi-squared sum lies within five standard deviations of its mean.
-template <typename Outcome> bool looksUniform(const Counts<Outcome>& counts, std::size_t outcomes) {
+/// Chi-squared test of `outcomes` equally likely outcomes: whether the statistic is less than five standard
+/// deviations above its mean.
+template <typename Outcome> bool isUniform(const Counts<Outcome>& counts, std::size_t outcomes) {
   if (counts.size() != outcomes) return false;
   double draws = 0;
   for (const auto& [outcome, count] : counts)
     draws += count;
   const double expected = draws / static_cast<double>(outcomes);
-  double sum = 0;
+  double chiSquared = 0;
   for (const auto& [outcome, count] : counts)
-    sum += (count - expected) * (count - expected) / expected;
-  const auto freedom = static_cast<double>(outcomes - 1);
-  return sum < freedom + 5 * std::sqrt(2 * freedom);
+    chiSquared += (count - expected) * (count - expected) / expected;
+  const auto degreesOfFreedom = static_cast<double>(outcomes - 1);
+  return chiSquared < degreesOfFreedom + 5 * std::sqrt(2 * degreesOfFreedom);
 }
 
 } // namespace chiffrolo::test

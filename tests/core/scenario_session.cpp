@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/core/learner.h"
+#include "tests/core/scenario_session.h"
 
 #include <algorithm>
 #include <sstream>
@@ -15,29 +15,29 @@ void append(std::string& list, std::string_view separator, std::string_view item
 
 } // namespace
 
-Learner::Learner(std::string_view scenario)
+ScenarioSession::ScenarioSession(std::string_view scenario)
     : player_([this](std::string_view line) { transcript_.emplace_back(line); }) {
   play(scenario);
 }
 
-void Learner::play(std::string_view scenario) {
+void ScenarioSession::play(std::string_view scenario) {
   std::istringstream lines{std::string(scenario)};
   for (std::string line; std::getline(lines, line);)
     player_.play(line);
 }
 
-std::string Learner::reads() {
-  std::string seen;
+std::string ScenarioSession::visibleText() {
+  std::string texts;
   if (const auto active = program().active())
     for (const auto& visible : program().visibleTexts(*active))
-      append(seen, " | ", visible.text());
-  return seen;
+      append(texts, " | ", visible.text());
+  return texts;
 }
 
-std::string Learner::effects(const std::vector<std::string_view>& words) {
+std::string ScenarioSession::takeEffects(const std::vector<std::string_view>& prefixes) {
   std::string found;
   for (const auto& line : transcript_)
-    if (std::ranges::any_of(words, [&](std::string_view word) { return line.starts_with(word); }))
+    if (std::ranges::any_of(prefixes, [&](std::string_view prefix) { return line.starts_with(prefix); }))
       append(found, ", ", line);
   transcript_.clear();
   return found;
