@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-/// What Qt itself takes: one maximized window that shows the digit typed last, and nothing else.
+/// Baseline for Qt: a maximized window that shows only the last digit typed.
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -18,11 +18,11 @@ public:
   }
 
 private:
-  static constexpr QRect place{250, 130, 60, 60}; // in pixels
+  static constexpr QRect digitArea{250, 130, 60, 60}; // in pixels
 
   void keyPressEvent(QKeyEvent* event) override {
     digit_ = event->key() == Qt::Key_Backspace ? QString() : event->text();
-    update(place);
+    update(digitArea);
   }
 
   void paintEvent(QPaintEvent* event) override {
@@ -30,7 +30,7 @@ private:
     painter.fillRect(event->rect(), Qt::white);
     if (digit_.isEmpty()) return;
     painter.setFont(font_);
-    painter.drawText(place, Qt::AlignCenter, digit_);
+    painter.drawText(digitArea, Qt::AlignCenter, digit_);
   }
 
   QString digit_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-/// What the display itself takes: one window as large as the screen that shows the digit typed last, without
-/// any toolkit.
+/// Baseline for the X server without a toolkit: a window as large as the screen that shows only the last
+/// digit typed.
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -13,10 +13,11 @@
 
 namespace {
 
-// In pixels: where the digit is wiped away, and its left end on the line that it stands on.
+// In pixels: the area that is cleared before a digit is drawn, and the left end and the baseline of the
+// digit.
 constexpr int left = 250, top = 130;
 constexpr unsigned side = 60;
-constexpr int digitLeft = 277, digitBase = 165;
+constexpr int digitLeft = 277, digitBaseline = 165;
 
 class BareWindow {
 public:
@@ -45,7 +46,7 @@ private:
     const int length = XLookupString(&key, text.data(), static_cast<int>(text.size()), &symbol, nullptr);
     XClearArea(display_, window_, left, top, side, side, False);
     if (symbol != XK_BackSpace)
-      XDrawString(display_, window_, DefaultGC(display_, DefaultScreen(display_)), digitLeft, digitBase,
+      XDrawString(display_, window_, DefaultGC(display_, DefaultScreen(display_)), digitLeft, digitBaseline,
                   text.data(), length);
   }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-/// How many key presses a second the program itself takes, on the recording platform with its transcript
-/// switched off, and how many bytes its memory has grown by after them.
+/// Measures the key presses per second of the core on the recording platform without a transcript, and the
+/// growth of its heap in bytes.
 
 #include "recording/recording_platform.h"
 #include "screens.h"
@@ -14,16 +14,17 @@ namespace {
 
 using namespace chiffrolo;
 
-/// Types the shared result, submits it and goes on: right for additions and divisions, wrong for the others,
-/// whose corrections follow. The score falls back before the level is passed.
-class Pupil {
+/// Answers operations with the shared variable `resultat`. That is the right answer for additions and
+/// divisions, and a wrong one, followed by a correction, for the others. Resets the score before the level is
+/// complete.
+class AnsweringPlayer {
 public:
-  explicit Pupil(ScreenName screen) {
+  explicit AnsweringPlayer(ScreenName screen) {
     program_.start();
     program_.Show(screen);
   }
 
-  /// How many keys that took.
+  /// Returns the number of keys pressed.
   int answer() {
     if (program_.shared().score > 8) program_.shared().score = 0;
     const std::string digits = std::to_string(program_.shared().resultat);
@@ -40,13 +41,13 @@ private:
 };
 
 void keyPresses(benchmark::State& state, ScreenName screen) {
-  Pupil pupil(screen);
+  AnsweringPlayer player(screen);
   for (int warmUp = 0; warmUp < 1000; ++warmUp)
-    pupil.answer();
+    player.answer();
   const auto before = mallinfo2().uordblks;
   std::int64_t keys = 0;
   for ([[maybe_unused]] const auto step : state)
-    keys += pupil.answer();
+    keys += player.answer();
   state.SetItemsProcessed(keys);
   state.counters["grown_bytes"] = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(before);
 }

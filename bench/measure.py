@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Prints one table: what was measured, medians, ratios, and whether the goals are met.
+"""Measures the program and prints one table of medians, ratios and goals.
 
 Usage: measure.py BUILD_FOLDER DEBIAN_PACKAGE
 """
@@ -18,20 +18,20 @@ from statistics import median
 from typing import NamedTuple
 
 BENCH = Path(__file__).resolve().parent
-sys.path.insert(0, str(BENCH.parent / "tour"))  # its learner finds the way to each screen
+sys.path.insert(0, str(BENCH.parent / "tour"))  # for its learner
 
 from desktop import Desktop, Display, end_process
 from learner import Learner
 from screens import WHITE
 
 STARTS = 31
-ROUNDS = 5  # in each of them, all programs have their turn
-KEYS = 25  # a round; over in less than the twenty seconds that an answer may take
-SETTLED = 2.0  # seconds, after which nothing of a start is left to do
-IDLE = 10.0  # seconds
-OBJECTIVE = 10  # points pass a level
+ROUNDS = 5  # each one measures all programs
+KEYS = 25  # per round; takes less time than the limit of an operation
+STARTUP_TIME = 2.0  # seconds, after which all work of the start is done
+IDLE_TIME = 10.0  # seconds
+OBJECTIVE = 10  # points that complete a level
 
-# Qt has an accessibility tree then even if nobody has told the session bus that a screen reader runs.
+# Makes Qt provide its accessibility tree although the session bus does not report a running screen reader.
 ACCESSIBLE = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 
 
@@ -48,25 +48,25 @@ class Programs(NamedTuple):
 
 class Table:
     def __init__(self) -> None:
-        print(f"Cores: {os.cpu_count()}; programs that want one at the beginning: {os.getloadavg()[0]:.1f}\n")
-        print("| measured | Chiffrolo | beside it | ratio | goal | met |")
+        print(f"Cores: {os.cpu_count()}; load average before: {os.getloadavg()[0]:.1f}\n")
+        print("| measurement | Chiffrolo | reference | ratio | goal | met |")
         print("|---|---:|---:|---:|---:|---|", flush=True)
 
-    def add_ratio(self, what: str, ours: float, beside: float, unit: str, most: float | None = None) -> None:
-        ratio = round(ours / beside, 2)
-        goal = "" if most is None else f"at most {most:.2f} | {_verdict(ratio <= most)}"
-        self._add(what, f"{ours:.2f} {unit}", f"{beside:.2f} {unit}", f"{ratio:.2f}", goal)
+    def add_ratio(self, what: str, ours: float, reference: float, unit: str, maximum: float | None = None) -> None:
+        ratio = round(ours / reference, 2)
+        goal = "" if maximum is None else f"at most {maximum:.2f} | {_yes_or_no(ratio <= maximum)}"
+        self._add(what, f"{ours:.2f} {unit}", f"{reference:.2f} {unit}", f"{ratio:.2f}", goal)
 
-    def add_amount(self, what: str, ours: int, unit: str, most: int | None = None) -> None:
-        goal = "" if most is None else f"at most {most:,}{unit} | {_verdict(ours <= most)}"
+    def add_amount(self, what: str, ours: int, unit: str, maximum: int | None = None) -> None:
+        goal = "" if maximum is None else f"at most {maximum:,}{unit} | {_yes_or_no(ours <= maximum)}"
         self._add(what, f"{ours:,}{unit}", "", "", goal)
 
     @staticmethod
-    def _add(what: str, ours: str, beside: str, ratio: str, goal_and_verdict: str) -> None:
-        print(f"| {what} | {ours} | {beside} | {ratio} | {goal_and_verdict or ' | '} |", flush=True)
+    def _add(what: str, ours: str, reference: str, ratio: str, goal_and_met: str) -> None:
+        print(f"| {what} | {ours} | {reference} | {ratio} | {goal_and_met or ' | '} |", flush=True)
 
 
-def _verdict(met: bool) -> str:
+def _yes_or_no(met: bool) -> str:
     return "yes" if met else "no"
 
 
@@ -81,27 +81,27 @@ def times(command: list[str | Path], display: Display) -> list[float]:
 def measure_start(table: Table, programs: Programs) -> None:
     display = Display()
     try:
-        turn = [programs.window_bench, "start", programs.chiffrolo, programs.bare_qt]
-        ours, bare = zip(*(times(turn, display) for _ in range(STARTS)))
+        command = [programs.window_bench, "start", programs.chiffrolo, programs.bare_qt]
+        ours, bare = zip(*(times(command, display) for _ in range(STARTS)))
     finally:
         display.close()
-    what = "start to first picture, beside a bare Qt window"
-    table.add_ratio(what, median(ours), median(bare), "ms", most=1.2)
+    what = "start to first picture, compared with a bare Qt window"
+    table.add_ratio(what, median(ours), median(bare), "ms", maximum=1.2)
 
 
 @contextmanager
-def shown(program: Path, settings: dict[str, str]) -> Iterator[Desktop]:
-    """A bare window, which is white."""
-    with Desktop(program, settings=settings) as desktop:
+def bare_window(program: Path, variables: dict[str, str]) -> Iterator[Desktop]:
+    """A desktop with a bare window, which is white. Waits until it is shown."""
+    with Desktop(program, variables=variables) as desktop:
         desktop.wait_for("the window", lambda picture: picture.pixel(0, 0) == WHITE)
         yield desktop
 
 
 @contextmanager
-def additions(program: Path, settings: dict[str, str]) -> Iterator[Desktop]:
-    with Desktop(program, settings=settings) as desktop:
+def additions(program: Path, variables: dict[str, str]) -> Iterator[Desktop]:
+    with Desktop(program, variables=variables) as desktop:
         learner = Learner(desktop)
-        learner.start()
+        learner.wait_for_start()
         learner.open("addition")
         yield desktop
 
@@ -116,18 +116,18 @@ def measure_keys(table: Table, programs: Programs) -> None:
     for _ in range(ROUNDS):
         with additions(programs.chiffrolo, {}) as desktop:
             ours += time_keys(programs, desktop)
-        with shown(programs.bare_qt, {}) as desktop:
+        with bare_window(programs.bare_qt, {}) as desktop:
             qt += time_keys(programs, desktop)
-        with shown(programs.bare_xlib, {}) as desktop:
+        with bare_window(programs.bare_xlib, {}) as desktop:
             xlib += time_keys(programs, desktop)
-    what = "key press to changed pixels, beside a bare"
-    table.add_ratio(f"{what} Qt widget", median(ours), median(qt), "ms", most=1.2)
+    what = "key press to changed pixels, compared with a bare"
+    table.add_ratio(f"{what} Qt widget", median(ours), median(qt), "ms", maximum=1.2)
     table.add_ratio(f"{what} Xlib window", median(ours), median(xlib), "ms")
 
 
 @contextmanager
 def session_with_screen_reader() -> Iterator[dict[str, str]]:
-    """The variables that lead to its session bus."""
+    """Yields the environment variables of its session bus."""
     command = ["dbus-daemon", "--session", "--nofork", "--print-address"]
     bus = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     try:
@@ -143,30 +143,30 @@ def session_with_screen_reader() -> Iterator[dict[str, str]]:
         end_process(bus)
 
 
-def measure_keys_heard(table: Table, programs: Programs) -> None:
+def measure_keys_with_screen_reader(table: Table, programs: Programs) -> None:
     ours, qt = [], []
     with session_with_screen_reader() as session:
         for _ in range(ROUNDS):
             with additions(programs.chiffrolo, session | ACCESSIBLE) as desktop:
                 ours += time_keys(programs, desktop)
-            with shown(programs.bare_qt, session) as desktop:
+            with bare_window(programs.bare_qt, session) as desktop:
                 qt += time_keys(programs, desktop)
-    what = "the same with a screen reader, beside a bare Qt widget without any"
-    table.add_ratio(what, median(ours), median(qt), "ms", most=2.0)
+    what = "the same with a screen reader, compared with a bare Qt widget without accessibility"
+    table.add_ratio(what, median(ours), median(qt), "ms", maximum=2.0)
 
 
-# ---- Memory and rest --------------------------------------------------------------------------------------
+# ---- Memory and wake-ups ----------------------------------------------------------------------------------
 
 
 def measure_memory(table: Table, programs: Programs) -> None:
     ours, bare = [], []
     for _ in range(ROUNDS):
-        for program, found in (programs.chiffrolo, ours), (programs.bare_qt, bare):
+        for program, results in (programs.chiffrolo, ours), (programs.bare_qt, bare):
             with Desktop(program) as desktop:
-                time.sleep(SETTLED)
-                found.append(memory(process_of(desktop)))
-    what = "memory (proportional set size), beside a bare Qt window"
-    table.add_ratio(what, median(ours), median(bare), "MB", most=1.25)
+                time.sleep(STARTUP_TIME)
+                results.append(memory(process_of(desktop)))
+    what = "memory (proportional set size), compared with a bare Qt window"
+    table.add_ratio(what, median(ours), median(bare), "MB", maximum=1.25)
 
 
 def process_of(desktop: Desktop) -> int:
@@ -174,65 +174,65 @@ def process_of(desktop: Desktop) -> int:
 
 
 def memory(process: int) -> float:
-    """In megabytes. What several programs share counts in parts."""
+    """In megabytes. Shared pages are divided among the processes that map them."""
     lines = Path(f"/proc/{process}/smaps_rollup").read_text(encoding="ascii").splitlines()
     (kilobytes,) = (int(line.split()[1]) for line in lines if line.startswith("Pss:"))
     return kilobytes * 1024 / 1e6
 
 
-# The stopwatch ticks every second. To show its time, Qt asks the display whether the picture before it is out: the
-# thread that asks and the one that listens to the display are woken, too.
-MOST_WAKEUPS = {"record": 3 * round(IDLE + 1)}
+# Three for each tick of the stopwatch, once per second: the timer, and two threads of Qt. Before Qt shows a picture, it
+# queries the display whether the previous one is shown. This wakes the querying thread and the one that reads replies.
+MAX_WAKEUPS = {"record": 3 * round(IDLE_TIME + 1)}
 
 
 def measure_wakeups(table: Table, programs: Programs) -> None:
-    ways: dict[str, Callable[[Learner], object]] = {
+    actions: dict[str, Callable[[Learner], object]] = {
         "accueil": lambda learner: None,
         "addition": lambda learner: learner.open("addition"),
         "multiplication": lambda learner: learner.open("multiplication"),
         "division": lambda learner: learner.open("division"),
         "record": lambda learner: learner.open("record"),
-        "FIN": pass_level,
-        "FIN2": give_challenge_up,
+        "FIN": complete_level,
+        "FIN2": abandon_challenge,
         "Aurevoir": lambda learner: learner.open("Aurevoir"),
     }
-    for screen, way in ways.items():
+    for screen, action in actions.items():
         with Desktop(programs.chiffrolo) as desktop:
             learner = Learner(desktop)
-            learner.start()
-            way(learner)
-            count = wakeups(process_of(desktop))
-        what = f"wake-ups in {IDLE:.0f} idle seconds on the screen {screen}"
-        table.add_amount(what, count, "", most=MOST_WAKEUPS.get(screen, 0))
+            learner.wait_for_start()
+            action(learner)
+            count = count_wakeups(process_of(desktop))
+        what = f"wake-ups in {IDLE_TIME:.0f} idle seconds on the screen {screen}"
+        table.add_amount(what, count, "", maximum=MAX_WAKEUPS.get(screen, 0))
 
 
-def pass_level(learner: Learner) -> None:
+def complete_level(learner: Learner) -> None:
     learner.open("addition")
     for _ in range(OBJECTIVE):
-        _, operation = learner.see_operation("addition")
+        _, operation = learner.wait_for_operation("addition")
         learner.submit(operation.result)
-        learner.see_bravo("addition")
+        learner.wait_for_bravo("addition")
         learner.desktop.press("Right")
-    learner.see("FIN")
+    learner.wait_for_screen("FIN")
 
 
-def give_challenge_up(learner: Learner) -> None:
+def abandon_challenge(learner: Learner) -> None:
     learner.open("record")
-    learner.see_operation("record")
+    learner.wait_for_operation("record")
     learner.desktop.press("Escape")
-    learner.see("FIN2")
+    learner.wait_for_screen("FIN2")
 
 
-def wakeups(process: int) -> int:
-    """While the program is left alone."""
-    time.sleep(SETTLED)
-    before = switches(process)
-    time.sleep(IDLE)
-    return switches(process) - before
+def count_wakeups(process: int) -> int:
+    """The number of wake-ups of all threads while the program receives no input."""
+    time.sleep(STARTUP_TIME)
+    before = voluntary_switches(process)
+    time.sleep(IDLE_TIME)
+    return voluntary_switches(process) - before
 
 
-def switches(process: int) -> int:
-    """A thread that sleeps and is woken switches voluntarily each time that it goes back to sleep."""
+def voluntary_switches(process: int) -> int:
+    """The number of voluntary context switches. Each wake-up ends with one, when the thread sleeps again."""
     threads = Path(f"/proc/{process}/task").glob("*/status")
     lines = [line for thread in threads for line in thread.read_text(encoding="utf-8").splitlines()]
     return sum(int(line.split()[1]) for line in lines if line.startswith("voluntary_ctxt_switches"))
@@ -243,18 +243,18 @@ def switches(process: int) -> int:
 
 def measure_core(table: Table, programs: Programs) -> None:
     command = [programs.core_bench, "--benchmark_format=json"]
-    told = subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
-    for benchmark in json.loads(told)["benchmarks"]:
+    output = subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+    for benchmark in json.loads(output)["benchmarks"]:
         screen = benchmark["name"].partition("/")[2]
-        table.add_amount(f"key presses a second in the core, {screen}", round(benchmark["items_per_second"]), "")
+        table.add_amount(f"key presses per second in the core, {screen}", round(benchmark["items_per_second"]), "")
 
 
 def measure_package(table: Table, package: Path) -> None:
-    table.add_amount("package", package.stat().st_size, " bytes")
+    table.add_amount("package size", package.stat().st_size, " bytes")
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run(["dpkg-deb", "--extract", package, folder], check=True)
         installed = sum(path.lstat().st_size for path in Path(folder).rglob("*") if path.is_file())
-    table.add_amount("installed, without the fonts, which are packages of their own", installed, " bytes", most=1_000_000)
+    table.add_amount("installed size, without the fonts (separate packages)", installed, " bytes", maximum=1_000_000)
 
 
 def main(build: Path, package: Path) -> None:
@@ -262,7 +262,7 @@ def main(build: Path, package: Path) -> None:
     table = Table()
     measure_start(table, programs)
     measure_keys(table, programs)
-    measure_keys_heard(table, programs)
+    measure_keys_with_screen_reader(table, programs)
     measure_memory(table, programs)
     measure_wakeups(table, programs)
     measure_core(table, programs)
@@ -273,5 +273,5 @@ if __name__ == "__main__":
     if len(sys.argv) != 3:
         sys.exit(__doc__)
     with tempfile.TemporaryDirectory() as runtime:
-        os.environ["XDG_RUNTIME_DIR"] = runtime  # Qt complains where there is none
+        os.environ["XDG_RUNTIME_DIR"] = runtime  # Qt prints a warning if it is not set
         main(Path(sys.argv[1]).absolute(), Path(sys.argv[2]))

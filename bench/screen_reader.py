@@ -1,23 +1,23 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Listens to the accessibility bus as a screen reader does, and asks for the name of whatever changes.
+"""Simulates a screen reader on the accessibility bus: receives events and queries the name of each changed object.
 
-Says on a line that it has begun.
+Prints one line when it is registered.
 """
 
 import pyatspi
 from gi.repository import GLib
 
 
-def listen(event: "pyatspi.event.Event") -> None:
+def on_event(event: "pyatspi.event.Event") -> None:
     try:
         event.source.name
     except GLib.Error:
-        pass  # gone already, as most of what is replaced at a key press
+        pass  # the object is destroyed already, as are most objects that a key press replaces
 
 
 pyatspi.Registry.registerEventListener(
-    listen, "object:state-changed", "object:property-change", "object:children-changed"
+    on_event, "object:state-changed", "object:property-change", "object:children-changed"
 )
-print("listening", flush=True)
+print("registered", flush=True)
 pyatspi.Registry.start()

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-/// Times what one who sits before the display that DISPLAY names sees happen there, and prints each time in
-/// milliseconds on a line of its own.
+/// Measures times until the pixels of an X display change. Prints each time in milliseconds on its own line.
 ///
-/// Usage: window_bench start PROGRAM...    from the start of each program to its first picture; in turn, and
-///                                         each is ended before the next one
-///        window_bench keys COUNT          from a key press to its digit, which the program that has the keys
-///                                         shows
+/// Usage: window_bench start PROGRAM...    from the start of each program to its first picture; ends each
+///                                         program before it starts the next one
+///        window_bench keys COUNT          from a key press to its digit in the program that has the focus
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -30,14 +28,14 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-constexpr std::chrono::seconds patience{10};
+constexpr std::chrono::seconds timeout{10};
 
 struct Area {
   int x, y;
   unsigned width, height;
 };
 
-// In pixels. The first one lies on the home screen's title, the other one where answers are echoed.
+// In pixels: a part of the title of the home screen, and the area where answers are shown.
 constexpr Area titleArea{440, 30, 1, 1};
 constexpr Area answerArea{240, 120, 180, 70};
 
@@ -46,17 +44,18 @@ constexpr Area answerArea{240, 120, 180, 70};
   std::exit(EXIT_FAILURE);
 }
 
-class Seat {
+/// A connection to the X display of the variable DISPLAY.
+class XConnection {
 public:
-  Seat() : display_(XOpenDisplay(nullptr), XCloseDisplay) {
-    if (display_ == nullptr) fail("no display");
+  XConnection() : display_(XOpenDisplay(nullptr), XCloseDisplay) {
+    if (display_ == nullptr) fail("cannot connect to the display");
   }
 
   std::string pixels(Area area) const {
     const std::unique_ptr<XImage, int (*)(XImage*)> image(
         XGetImage(display_.get(), root(), area.x, area.y, area.width, area.height, AllPlanes, ZPixmap),
         [](XImage* pixels) { return XDestroyImage(pixels); });
-    if (image == nullptr) fail("no picture of the display");
+    if (image == nullptr) fail("cannot read the pixels of the display");
     return {image->data, static_cast<std::size_t>(image->bytes_per_line) * area.height};
   }
 
@@ -67,12 +66,12 @@ public:
     XFlush(display_.get());
   }
 
-  /// How long it took from `since` until the pixels were no longer as they were. Looking keeps a core busy
-  /// and the display server another one, so there is a `pause` between two looks.
-  Milliseconds untilChanged(Area area, const std::string& before, Clock::time_point since,
-                            std::chrono::microseconds pause) const {
+  /// Waits until the pixels differ from `before`. Returns the time since `since`. Sleeps for `pause` between
+  /// two reads, because reading keeps this process and the X server busy.
+  Milliseconds waitForChange(Area area, const std::string& before, Clock::time_point since,
+                             std::chrono::microseconds pause) const {
     while (pixels(area) == before) {
-      if (Clock::now() - since > patience) fail("nothing has changed on the display");
+      if (Clock::now() - since > timeout) fail("timeout: the pixels have not changed");
       std::this_thread::sleep_for(pause);
     }
     return Clock::now() - since;
@@ -84,21 +83,21 @@ private:
   std::unique_ptr<Display, int (*)(Display*)> display_;
 };
 
-void rest() { std::this_thread::sleep_for(std::chrono::milliseconds(60)); }
+void waitBetweenEvents() { std::this_thread::sleep_for(std::chrono::milliseconds(60)); }
 
 void print(Milliseconds time) { std::printf("%.3f\n", time.count()); }
 
-/// A program that runs as long as this object.
-class Running {
+/// Starts a program, and ends it when destroyed.
+class RunningProgram {
 public:
-  explicit Running(const char* program) : process_(fork()) {
+  explicit RunningProgram(const char* program) : process_(fork()) {
     if (process_ != 0) return;
     execl(program, program, nullptr);
     _exit(EXIT_FAILURE);
   }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
-  ~Running() {
+  RunningProgram(const RunningProgram&) = delete;
+  RunningProgram& operator=(const RunningProgram&) = delete;
+  ~RunningProgram() {
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
   }
@@ -107,42 +106,42 @@ private:
   pid_t process_;
 };
 
-Milliseconds timeStart(const Seat& seat, const char* program) {
-  const std::string empty = seat.pixels(titleArea);
+Milliseconds timeStart(const XConnection& connection, const char* program) {
+  const std::string empty = connection.pixels(titleArea);
   const auto since = Clock::now();
-  const Running running(program);
-  return seat.untilChanged(titleArea, empty, since, std::chrono::milliseconds(1));
+  const RunningProgram running(program);
+  return connection.waitForChange(titleArea, empty, since, std::chrono::milliseconds(1));
 }
 
-Milliseconds timeKey(const Seat& seat, KeySym symbol) {
-  const std::string before = seat.pixels(answerArea);
+Milliseconds timeKey(const XConnection& connection, KeySym symbol) {
+  const std::string before = connection.pixels(answerArea);
   const auto since = Clock::now();
-  seat.press(symbol);
-  return seat.untilChanged(answerArea, before, since, std::chrono::microseconds(20));
+  connection.press(symbol);
+  return connection.waitForChange(answerArea, before, since, std::chrono::microseconds(20));
 }
 
-void timeKeys(const Seat& seat, int count) {
+void timeKeys(const XConnection& connection, int count) {
   for (int key = 0; key < count; ++key) {
-    print(timeKey(seat, XK_8));
-    rest();
-    seat.press(XK_BackSpace);
-    rest();
+    print(timeKey(connection, XK_8));
+    waitBetweenEvents();
+    connection.press(XK_BackSpace);
+    waitBetweenEvents();
   }
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-  const std::string_view what = argc > 2 ? argv[1] : "";
-  const Seat seat;
-  if (what == "keys") {
-    timeKeys(seat, std::atoi(argv[2]));
-  } else if (what == "start") {
+  const std::string_view command = argc > 2 ? argv[1] : "";
+  const XConnection connection;
+  if (command == "keys") {
+    timeKeys(connection, std::atoi(argv[2]));
+  } else if (command == "start") {
     for (int program = 2; program < argc; ++program) {
-      print(timeStart(seat, argv[program]));
-      rest();
+      print(timeStart(connection, argv[program]));
+      waitBetweenEvents();
     }
   } else {
-    fail("what is to be timed?");
+    fail("usage: window_bench start PROGRAM... | window_bench keys COUNT");
   }
 }

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Takes the pictures of the guide anew: plays the tour and keeps what the guide shows of it.
+"""Updates the pictures of the guide: plays the tour and copies the pictures that the guide shows.
 
 Usage: take_pictures.py [PROGRAM [FOLDER]]
-Without them, the program that `./run` builds and the folder of the guide's pictures.
+Defaults: the program that `./run` builds, and the folder of the guide's pictures.
 """
 
 import re
@@ -18,29 +18,29 @@ TOUR = ROOT / "tour"
 sys.path.insert(0, str(TOUR))
 
 from picture import Area, Picture
-from screens import Sheet
+from screens import ContentArea
 
 GUIDE = DOCS / "guide.md"
-FOLDER = DOCS / "guide"
-SHOWN = re.compile(r"!\[([^\]]*)\]\(guide/([^)]*)\.png\)")  # the alternative text and the name of a picture
+PICTURE_FOLDER = DOCS / "guide"
+PICTURE_LINK = re.compile(r"!\[([^\]]*)\]\(guide/([^)]*)\.png\)")  # groups: alternative text, name
 
-MARGIN = 24  # pixels of white around what is on a screen
+MARGIN = 24  # pixels of white around the contents of a screen
 SCALE = "70%"
-COLOURS = 32  # enough for flat areas and the edges of letters
+COLOURS = 32  # enough for plain areas and antialiased letters
 
 
 def names_in_guide() -> list[str]:
-    return [name for _, name in SHOWN.findall(GUIDE.read_text(encoding="utf-8"))]
+    return [name for _, name in PICTURE_LINK.findall(GUIDE.read_text(encoding="utf-8"))]
 
 
 def take(program: Path, folder: Path) -> int:
-    """The exit status: 0 if every picture that the guide shows is in the folder, and nothing else."""
+    """Returns the exit status. With status 0, the folder contains exactly the pictures that the guide shows."""
     with tempfile.TemporaryDirectory() as scratch:
         subprocess.run([sys.executable, "-B", TOUR / "tour.py", program, scratch], check=True)
         taken = {path.stem.partition("-")[2]: path for path in Path(scratch).glob("*.png")}
         missing = sorted(set(names_in_guide()) - set(taken))
         if missing:
-            print(f"The tour takes no picture of that name: {', '.join(missing)}", file=sys.stderr)
+            print(f"Pictures of the guide that the tour does not take: {', '.join(missing)}", file=sys.stderr)
             return 1
         replace_pictures(folder, {name: taken[name] for name in names_in_guide()})
     return 0
@@ -55,24 +55,24 @@ def replace_pictures(folder: Path, taken: dict[str, Path]) -> None:
 
 
 def prepare(taken: Path, shown: Path) -> None:
-    """What is on the screen, without its title bar and the white around, small and with a thin frame."""
+    """Crops the picture to the contents of the screen, scales it down and adds a thin frame."""
     ppm = subprocess.run(["convert", taken, "-depth", "8", "ppm:-"], stdout=subprocess.PIPE, check=True).stdout
     command = ["convert", "ppm:-", "-trim", "+repage", "-bordercolor", "white", "-border", str(MARGIN)]
     command += ["-resize", SCALE, "-bordercolor", "silver", "-border", "1"]
     command += ["+dither", "-colors", str(COLOURS), "-white-threshold", "98%", "-strip", f"png8:{shown}"]
-    subprocess.run(command, input=inner_area(Picture.from_ppm(ppm)).to_ppm(), check=True)
+    subprocess.run(command, input=crop_to_content_area(Picture.from_ppm(ppm)).to_ppm(), check=True)
 
 
-def inner_area(picture: Picture) -> Picture:
-    """Its frame is as thick on the right and below as it is on the left."""
-    sheet = Sheet(picture)
-    return picture.crop(Area(sheet.left, sheet.top, picture.width - sheet.left, picture.height - sheet.left))
+def crop_to_content_area(picture: Picture) -> Picture:
+    """The frame has the same width on the left, on the right and at the bottom."""
+    content = ContentArea(picture)
+    return picture.crop(Area(content.left, content.top, picture.width - content.left, picture.height - content.left))
 
 
 def main(arguments: list[str]) -> int:
     if len(arguments) > 2:
         sys.exit(__doc__)
-    program, folder = [*arguments, *(ROOT / "build" / "chiffrolo", FOLDER)[len(arguments) :]]
+    program, folder = [*arguments, *(ROOT / "build" / "chiffrolo", PICTURE_FOLDER)[len(arguments) :]]
     return take(Path(program).absolute(), Path(folder))
 
 

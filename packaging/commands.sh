@@ -1,12 +1,12 @@
-# shellcheck shell=bash disable=SC2034 # the lists are read by the commands
+# shellcheck shell=bash disable=SC2034 # the commands use the lists
 # SPDX-License-Identifier: MIT
 #
-# What the commands `run`, `test`, `bench/measure` and `packaging/package` have in common; they source it.
+# Common functions. The commands `run`, `test`, `bench/measure`, `packaging/check` and `packaging/package` source it.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." >/dev/null && pwd)
 build=$root/build
 
-# Debian packages, to be installed without what they merely recommend.
+# Debian packages, installed without recommended packages.
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
 packages_to_package=(appstream appstream-util desktop-file-utils dpkg-dev lintian reuse)
@@ -16,7 +16,7 @@ packages_to_test=(libgtest-dev librsvg2-bin python3-xlib x11-utils x11-xkb-utils
 packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
-say() {
+print_line() {
     printf '%s\n' "$*"
 }
 
@@ -25,8 +25,8 @@ fail() {
     exit 1
 }
 
-# quietly LOG COMMAND...: what the command says is shown only when it fails.
-quietly() {
+# run_quietly LOG COMMAND...: prints the output of the command only if it fails.
+run_quietly() {
     local log=$1
     shift
     if ! "$@" >"$log" 2>&1 </dev/null; then
@@ -60,60 +60,60 @@ apt_get() {
         -o Acquire::Retries=3 -o DPkg::Lock::Timeout=120 "$@"
 }
 
-# A source that cannot be reached need not be the one that is needed: only the installation counts.
+# Ignores errors of the update: an unreachable source may be irrelevant for these packages.
 update_and_install() {
     apt_get update || true
     apt_get install "$@"
 }
 
-# install_missing PACKAGE...: asks nothing of the network when all of them are there.
+# install_missing PACKAGE...: does not use the network if all packages are installed.
 install_missing() {
     local missing
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
-        fail "Packages can be installed only on Debian and its kin. Elsewhere, what is needed is what" \
-            "Debian calls: $*"
+        fail "Packages can be installed only on Debian and derived systems. Install the equivalents of these Debian" \
+            "packages: $*"
     fi
     mapfile -t missing < <(missing_packages "$@")
     if ((${#missing[@]} == 0)); then
         return
     fi
     if ((EUID != 0)) && ! command -v sudo >/dev/null; then
-        fail "Not allowed to install packages. As root: apt-get install --no-install-recommends ${missing[*]}"
+        fail "Installing packages requires root. Run as root: apt-get install --no-install-recommends ${missing[*]}"
     fi
-    say "Installing ${missing[*]}"
-    quietly "$build/install.log" update_and_install "${missing[@]}" ||
-        fail "The packages could not be installed; apt-get says why above. They are: ${missing[*]}"
+    print_line "Installing ${missing[*]}"
+    run_quietly "$build/install.log" update_and_install "${missing[@]}" ||
+        fail "Installing these packages failed (see the output of apt-get above): ${missing[*]}"
 }
 
 # ---- The build --------------------------------------------------------------------------------
 
-cached() {
+cache_value() {
     sed --quiet "s/^$1:[A-Z]*=//p" "$build/CMakeCache.txt" 2>/dev/null || true
 }
 
-# Whether the build folder was made for these sources, at this place.
-build_is_ours() {
-    [[ $(cached CMAKE_HOME_DIRECTORY) == "$root" && $(cached CMAKE_GENERATOR) == Ninja ]]
+# Whether the build folder was configured with Ninja for the sources in this folder.
+build_folder_matches() {
+    [[ $(cache_value CMAKE_HOME_DIRECTORY) == "$root" && $(cache_value CMAKE_GENERATOR) == Ninja ]]
 }
 
-# configure TESTS: with TESTS=OFF, a build folder that has the tests keeps them.
+# configure TESTS: TESTS is ON or OFF. OFF does not remove the tests from a build folder that has them.
 configure() {
     local tests=$1
-    local -a how=(-S "$root" -B "$build" -G Ninja -DBUILD_TESTING="$tests")
-    if ! build_is_ours; then
-        how+=(--fresh -DCMAKE_BUILD_TYPE=Release)
-    elif [[ -f $build/build.ninja && ($tests == OFF || $(cached BUILD_TESTING) == ON) ]]; then
+    local -a options=(-S "$root" -B "$build" -G Ninja -DBUILD_TESTING="$tests")
+    if ! build_folder_matches; then
+        options+=(--fresh -DCMAKE_BUILD_TYPE=Release)
+    elif [[ -f $build/build.ninja && ($tests == OFF || $(cache_value BUILD_TESTING) == ON) ]]; then
         return
     fi
-    quietly "$build/configure.log" cmake "${how[@]}" || fail "The build could not be prepared."
+    run_quietly "$build/configure.log" cmake "${options[@]}" || fail "Configuring the build failed."
 }
 
 # compile TESTS [ARGUMENT OF cmake --build]...
 compile() {
-    say "Building"
+    print_line "Building"
     configure "$1"
     shift
-    quietly "$build/build.log" cmake --build "$build" "$@" || fail "The build failed."
+    run_quietly "$build/build.log" cmake --build "$build" "$@" || fail "The build failed."
 }
 
 mkdir -p -- "$build"

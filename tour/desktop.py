@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""A virtual display with the program on it, driven by real key presses and clicks.
+"""Runs the program on a virtual display and sends it real key presses and clicks.
 
-Whatever is started here is ended here, each process by its own id.
+Every process that is started here is ended here, by its own id.
 """
 
 import os
@@ -15,18 +15,17 @@ from pathlib import Path
 
 from picture import Area, Picture
 
-PATIENCE = 20.0  # seconds; far more than anything takes, even on a busy machine
+TIMEOUT = 20.0  # seconds; long enough for every step on a busy machine
 
 
-class NotSeen(AssertionError):
-    """What was waited for did not happen in time."""
+class WaitFailed(AssertionError):
+    """The expected state was not reached before the timeout, or the program ended first."""
 
 
-def start_quietly(command: list[str], environment: dict[str, str]) -> subprocess.Popen:
-    """Nobody hears what it says."""
+def start_without_output(command: list[str], variables: dict[str, str]) -> subprocess.Popen:
     return subprocess.Popen(
         command,
-        env=environment,
+        env=variables,
         stdin=subprocess.DEVNULL,
         stdout=subprocess.DEVNULL,
         stderr=subprocess.DEVNULL,
@@ -44,7 +43,7 @@ def end_process(process: subprocess.Popen) -> None:
 
 
 class Display:
-    """An X server without a screen of glass: 1280 x 1024 pixels."""
+    """A virtual X server (Xvfb) of 1280 x 1024 pixels."""
 
     width = 1280
     height = 1024
@@ -62,33 +61,34 @@ class Display:
         )
         os.close(number)
         try:
-            self.name = ":" + _line_from(answer)
-        except NotSeen:
+            self.name = ":" + _read_first_line(answer)
+        except WaitFailed:
             self.close()
             raise
 
-    def environment(self) -> dict[str, str]:
-        return environment_without_display() | {"DISPLAY": self.name}
+    def variables(self) -> dict[str, str]:
+        """The environment variables of a program on this display."""
+        return variables_without_display() | {"DISPLAY": self.name}
 
     def run(self, *command: str) -> bytes:
+        """Returns the standard output."""
         return subprocess.run(
             command,
-            env=self.environment(),
+            env=self.variables(),
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
             check=True,
-            timeout=PATIENCE,
+            timeout=TIMEOUT,
         ).stdout
 
     def picture(self) -> Picture:
         return Picture.from_ppm(self.run("import", "-silent", "-window", "root", "-depth", "8", "ppm:-"))
 
-    def set_layout(self, name: str, variant: str = "") -> None:
-        """Of the keyboard."""
+    def set_keyboard_layout(self, name: str, variant: str = "") -> None:
         self.run("setxkbmap", "-layout", name, "-variant", variant)
 
     def resize(self, width: int, height: int) -> None:
-        """To at most the size that it started with."""
+        """At most to the initial size."""
         size = f"{width}x{height}"
         if size not in self._sizes:
             no_timing = [str(width)] * 4 + [str(height)] * 4
@@ -97,8 +97,8 @@ class Display:
             self._sizes.add(size)
         self.run("xrandr", "--output", "screen", "--mode", size)
 
-    def break_down(self) -> None:
-        """Goes away as in a crash."""
+    def kill(self) -> None:
+        """Simulates a crash of the X server."""
         self._server.kill()
         self._server.wait()
 
@@ -106,31 +106,31 @@ class Display:
         end_process(self._server)
 
 
-def environment_without_display() -> dict[str, str]:
-    """This process's own environment, less what would lead to another display or to a desktop's own look."""
+def variables_without_display() -> dict[str, str]:
+    """The environment variables of this process, without those that select a display or a desktop theme."""
     unwanted = ("DISPLAY", "WAYLAND_", "XAUTHORITY", "QT_", "XDG_CURRENT_DESKTOP", "DESKTOP_SESSION", "KDE_", "GNOME_")
     return {name: value for name, value in os.environ.items() if not name.startswith(unwanted)}
 
 
-def _line_from(pipe: int) -> str:
-    """The first line that comes out of the pipe, which is closed then."""
+def _read_first_line(pipe: int) -> str:
+    """Closes the pipe afterwards."""
     with open(pipe, encoding="ascii") as answer:
-        readable, _, _ = select.select([answer], [], [], PATIENCE)
+        readable, _, _ = select.select([answer], [], [], TIMEOUT)
         line = answer.readline().strip() if readable else ""
     if not line:
-        raise NotSeen("Xvfb did not start")
+        raise WaitFailed("Xvfb did not start")
     return line
 
 
 class Program:
-    """The program under test, as a process."""
+    """The process of the program under test."""
 
-    def __init__(self, path: Path, environment: dict[str, str], folder: Path | None = None):
+    def __init__(self, path: Path, variables: dict[str, str], folder: Path | None = None):
         self._errors = tempfile.TemporaryFile()
         self._process = subprocess.Popen(
             [str(path)],
             cwd=folder,
-            env=environment,
+            env=variables,
             stdin=subprocess.DEVNULL,
             stdout=subprocess.DEVNULL,
             stderr=self._errors,
@@ -139,18 +139,18 @@ class Program:
     def is_running(self) -> bool:
         return self._process.poll() is None
 
-    def send(self, sign: signal.Signals) -> None:
-        self._process.send_signal(sign)
+    def send_signal(self, number: signal.Signals) -> None:
+        self._process.send_signal(number)
 
-    def exit_status(self, seconds: float = PATIENCE) -> int:
-        """Waits for the end. A signal counts as a negative status."""
+    def exit_status(self, seconds: float = TIMEOUT) -> int:
+        """Waits for the process to end. If a signal ended it, the status is the negative signal number."""
         try:
             return self._process.wait(seconds)
         except subprocess.TimeoutExpired:
-            raise NotSeen(f"the program did not end within {seconds} s") from None
+            raise WaitFailed(f"the program did not end within {seconds} s") from None
 
-    def errors(self) -> str:
-        """What it has said on standard error."""
+    def error_output(self) -> str:
+        """Everything written to standard error so far."""
         self._errors.seek(0)
         return self._errors.read().decode()
 
@@ -159,46 +159,45 @@ class Program:
         self._errors.close()
 
 
-class Surroundings:
-    """What a display has beside the program: nothing, not even a window manager."""
+class DesktopEnvironment:
+    """What runs on the display besides the program. This base class: nothing, not even a window manager."""
 
     def __init__(self, display: Display):
         self.display = display
 
-    def environment(self) -> dict[str, str]:
-        """For the program."""
-        return self.display.environment()
+    def variables(self) -> dict[str, str]:
+        """The environment variables of the program."""
+        return self.display.variables()
 
-    def program_has_keys(self) -> bool:
-        """Otherwise keys might go elsewhere."""
+    def program_has_focus(self) -> bool:
         focused = self.display.run("xdotool", "getwindowfocus", "getwindowname")
         return focused.strip() == b"Chiffrolo"
 
-    def break_down(self) -> None:
-        """What shows the program goes away as in a crash."""
-        self.display.break_down()
+    def kill_display_server(self) -> None:
+        """Simulates a crash of the X server or the compositor that shows the program."""
+        self.display.kill()
 
     def close(self) -> None:
-        """Ends them; the display is still there."""
+        """Ends its processes. The display is closed later."""
 
 
 class Desktop:
-    """A display with the program on it, and with what else is asked for."""
+    """A display with a desktop environment and the program."""
 
     def __init__(
         self,
         path: Path,
-        surroundings: Callable[[Display], Surroundings] = Surroundings,
+        environment: Callable[[Display], DesktopEnvironment] = DesktopEnvironment,
         folder: Path | None = None,
-        settings: dict[str, str] | None = None,
+        variables: dict[str, str] | None = None,
     ):
-        """`settings` are variables of the program's environment."""
+        """`folder` is the working directory of the program, `variables` are additional environment variables."""
         self.display = Display()
-        self._surroundings: Surroundings | None = None
+        self._environment: DesktopEnvironment | None = None
         self._program: Program | None = None
         try:
-            self._surroundings = surroundings(self.display)
-            self._program = Program(path, self._surroundings.environment() | (settings or {}), folder)
+            self._environment = environment(self.display)
+            self._program = Program(path, self._environment.variables() | (variables or {}), folder)
         except BaseException:
             self.close()
             raise
@@ -215,67 +214,68 @@ class Desktop:
         return self._program
 
     @property
-    def surroundings(self) -> Surroundings:
-        assert self._surroundings is not None
-        return self._surroundings
+    def environment(self) -> DesktopEnvironment:
+        assert self._environment is not None
+        return self._environment
 
     def press(self, *keys: str) -> None:
-        """One after the other, each let go before the next; by their X names, or by their codes."""
+        """Presses and releases one key after the other. Keys are X key names or key codes."""
         self.display.run("xdotool", "key", *keys)
 
     def press_with(self, modifier: str, *keys: str) -> None:
-        """While the modifier is held down."""
+        """Like `press`, while the modifier is held down."""
         self.display.run("xdotool", "keydown", modifier, "key", *keys, "keyup", modifier)
 
     def click(self, x: int, y: int) -> None:
         self.display.run("xdotool", "mousemove", str(x), str(y), "click", "1")
 
-    def click_into(self, area: Area) -> None:
+    def click_area(self, area: Area) -> None:
+        """Clicks its centre."""
         self.click((area.left + area.right) // 2, (area.top + area.bottom) // 2)
 
     def wait_for(self, what: str, condition: Callable[[Picture], bool]) -> Picture:
-        """The first picture that fulfils the condition and stays as it is."""
+        """Returns the first picture that meets the condition and equals the picture before it."""
         previous = self.display.picture()
 
         def settled() -> bool:
             nonlocal previous
-            self._expect_program_to_run(what)
+            self._require_running_program(what)
             before, previous = previous, self.display.picture()
             return before == previous and condition(previous)
 
         try:
             wait_until(what, settled)
-        except NotSeen as reason:
-            raise NotSeen(f"{reason}; {_keep(previous)}") from None
+        except WaitFailed as reason:
+            raise WaitFailed(f"{reason}; {_save(previous)}") from None
         return previous
 
     def wait_for_focus(self) -> None:
-        """Until then, keys might go nowhere."""
-        wait_until("the program has the keys", self.surroundings.program_has_keys)
+        """Keys that are pressed earlier may be lost."""
+        wait_until("the program has the focus", self.environment.program_has_focus)
 
-    def _expect_program_to_run(self, what: str) -> None:
+    def _require_running_program(self, what: str) -> None:
         if not self.program.is_running():
             status = self.program.exit_status()
-            raise NotSeen(f"{what}: the program ended with status {status}: {self.program.errors()}")
+            raise WaitFailed(f"{what}: the program ended with status {status}: {self.program.error_output()}")
 
     def close(self) -> None:
         if self._program is not None:
             self._program.close()
-        if self._surroundings is not None:
-            self._surroundings.close()
+        if self._environment is not None:
+            self._environment.close()
         self.display.close()
 
 
 def wait_until(what: str, condition: Callable[[], bool]) -> None:
-    end = time.monotonic() + PATIENCE
+    end = time.monotonic() + TIMEOUT
     while not condition():
         if time.monotonic() > end:
-            raise NotSeen(f"not within {PATIENCE:.0f} s: {what}")
+            raise WaitFailed(f"timeout after {TIMEOUT:.0f} s: {what}")
         time.sleep(0.02)
 
 
-def _keep(picture: Picture) -> str:
-    """Saves what was seen instead, for whoever looks into the failure."""
+def _save(picture: Picture) -> str:
+    """Saves the last picture for the analysis of the failure. Returns a message with its path."""
     path = Path(f"unexpected-{os.getpid()}.ppm").absolute()
     path.write_bytes(picture.to_ppm())
-    return f"what was seen instead is in {path}"
+    return f"the last picture is in {path}"

@@ -1,15 +1,15 @@
 # SPDX-License-Identifier: MIT
-"""A learner who plays the program: looks at its screens, types, and clicks."""
+"""Plays the program through its window: reads pictures of the display, types and clicks."""
 
 import re
 from collections.abc import Callable
 from operator import add, floordiv, mul, sub
 from typing import NamedTuple
 
-import reading
+import text_recognition
 from desktop import Desktop
 from picture import Area, Colour
-from screens import ARROWS, BLUE, HOME_BUTTONS, LIGHT_CYAN, LIGHT_RED, RED, Sheet, points
+from screens import ARROWS, BLUE, HOME_BUTTONS, LIGHT_CYAN, LIGHT_RED, RED, ContentArea, points
 
 OPERATION = re.compile(r"(\d+)([-+x:])(\d+)=")
 RESULTS: dict[str, Callable[[int, int], int]] = {"+": add, "-": sub, "x": mul, ":": floordiv}
@@ -21,11 +21,11 @@ class Operation(NamedTuple):
     right: int
 
     @classmethod
-    def of(cls, text: str) -> "Operation":
-        """From a text that begins with an operation and its equals sign."""
+    def parse(cls, text: str) -> "Operation":
+        """From a text that begins with an operation and an equals sign."""
         found = OPERATION.match(text)
         if found is None:
-            raise reading.Unreadable(f"no operation: {text}")
+            raise text_recognition.Unreadable(f"not an operation: {text}")
         return cls(int(found[1]), found[2], int(found[3]))
 
     @property
@@ -34,65 +34,64 @@ class Operation(NamedTuple):
 
 
 class Learner:
-    """Knows nothing but what a picture shows."""
+    """Takes all its information from pictures of the display."""
 
     def __init__(self, desktop: Desktop):
         self.desktop = desktop
 
     # ---- Screens ----------------------------------------------------------------------------------------
 
-    def see(self, screen: str) -> Sheet:
-        """Waits for a screen."""
-        return self.wait_for(f"the screen {screen}", lambda sheet: sheet.shows(screen))
+    def wait_for_screen(self, screen: str) -> ContentArea:
+        return self.wait_for(f"the screen {screen}", lambda content: content.shows(screen))
 
-    def wait_for(self, what: str, condition: Callable[[Sheet], bool]) -> Sheet:
-        return Sheet(self.desktop.wait_for(what, lambda picture: condition(Sheet(picture))))
+    def wait_for(self, what: str, condition: Callable[[ContentArea], bool]) -> ContentArea:
+        return ContentArea(self.desktop.wait_for(what, lambda picture: condition(ContentArea(picture))))
 
-    def start(self) -> Sheet:
-        """Waits for the home screen, and for the keys to go there."""
-        sheet = self.see("accueil")
+    def wait_for_start(self) -> ContentArea:
+        """Waits for the home screen and the keyboard focus."""
+        content = self.wait_for_screen("accueil")
         self.desktop.wait_for_focus()
-        return sheet
+        return content
 
-    def open(self, screen: str) -> Sheet:
-        """By its button on the home screen."""
-        self.click(self.see("accueil"), HOME_BUTTONS[screen])
-        return self.see(screen)
+    def open(self, screen: str) -> ContentArea:
+        """Clicks its button on the home screen."""
+        self.click(self.wait_for_screen("accueil"), HOME_BUTTONS[screen])
+        return self.wait_for_screen(screen)
 
-    def click(self, sheet: Sheet, place: Area) -> None:
-        self.desktop.click_into(sheet.on_display(place))
+    def click(self, content: ContentArea, area: Area) -> None:
+        self.desktop.click_area(content.on_display(area))
 
     def click_arrow(self, screen: str) -> None:
-        self.click(self.see(screen), ARROWS[screen])
+        self.click(self.wait_for_screen(screen), ARROWS[screen])
 
     # ---- An exercise ------------------------------------------------------------------------------------
 
-    def see_operation(self, screen: str) -> tuple[Sheet, Operation]:
-        """Waits for a fresh operation."""
+    def wait_for_operation(self, screen: str) -> tuple[ContentArea, Operation]:
+        """Waits for a new operation."""
         exercise = EXERCISES[screen]
 
-        def is_fresh(sheet: Sheet) -> bool:
-            is_over = exercise.shows_bravo(sheet) or sheet.shows_arrow(screen)
-            return sheet.shows(screen) and not is_over and sheet.has(BLUE, exercise.line)
+        def is_new(content: ContentArea) -> bool:
+            is_over = exercise.shows_bravo(content) or content.shows_arrow(screen)
+            return content.shows(screen) and not is_over and content.has(BLUE, exercise.line)
 
-        sheet = self.wait_for("an operation", is_fresh)
-        return sheet, Operation.of(read_line(sheet, exercise.line, BLUE))
+        content = self.wait_for("an operation", is_new)
+        return content, Operation.parse(read_line(content, exercise.line, BLUE))
 
-    def see_bravo(self, screen: str) -> Sheet:
+    def wait_for_bravo(self, screen: str) -> ContentArea:
         shows_bravo = EXERCISES[screen].shows_bravo
-        return self.wait_for("Bravo", lambda sheet: shows_bravo(sheet) and sheet.shows_arrow(screen))
+        return self.wait_for("Bravo", lambda content: shows_bravo(content) and content.shows_arrow(screen))
 
-    def see_stopwatch(self) -> tuple[Sheet, int]:
-        """Waits until it shows a time; a new operation empties it for a second."""
-        sheet = self.wait_for("the stopwatch's digits", lambda sheet: sheet.has(LIGHT_RED, STOPWATCH))
-        return sheet, read_stopwatch(sheet)
+    def wait_for_stopwatch(self) -> tuple[ContentArea, int]:
+        """Waits until the stopwatch shows a time: it is empty for one second after a new operation."""
+        content = self.wait_for("the stopwatch's digits", lambda content: content.has(LIGHT_RED, STOPWATCH))
+        return content, read_stopwatch(content)
 
-    def see_faux(self) -> Sheet:
+    def wait_for_faux(self) -> ContentArea:
         return self.wait_for("FAUX", shows_faux)
 
-    def see_correction(self) -> Sheet:
-        """Waits for what follows "FAUX"."""
-        return self.wait_for("the correction", lambda sheet: not shows_faux(sheet))
+    def wait_for_correction(self) -> ContentArea:
+        """Waits until "FAUX" is hidden."""
+        return self.wait_for("the correction", lambda content: not shows_faux(content))
 
     def type_answer(self, answer: int) -> None:
         self.desktop.press(*str(answer))
@@ -106,36 +105,37 @@ STOPWATCH_LINE = points(198, 30, 277, 60)
 
 
 def line_at(top: int) -> Area:
-    """From the left edge to where the feedback stands; `top` is in points."""
+    """The line of text from the left edge to the box of "FAUX". `top` is in points."""
     return points(20, top, 375, top + 33)
 
 
-def read_line(sheet: Sheet, line: Area, colour: Colour) -> str:
-    return reading.read(sheet.picture, sheet.on_display(line), colour)
+def read_line(content: ContentArea, line: Area, colour: Colour) -> str:
+    return text_recognition.read(content.picture, content.on_display(line), colour)
 
 
-def read_stopwatch(sheet: Sheet) -> int:
-    digits = reading.read(sheet.picture, sheet.on_display(STOPWATCH_LINE), LIGHT_RED, reading.STOPWATCH)
+def read_stopwatch(content: ContentArea) -> int:
+    line = content.on_display(STOPWATCH_LINE)
+    digits = text_recognition.read(content.picture, line, LIGHT_RED, text_recognition.STOPWATCH)
     if len(digits) != 4:
-        raise reading.Unreadable(f"no time: {digits}")
+        raise text_recognition.Unreadable(f"not a time: {digits}")
     return int(digits)
 
 
-def shows_faux(sheet: Sheet) -> bool:
-    """The box with the word, on whatever line it stands."""
-    return sheet.has(LIGHT_CYAN, points(380, 60, 460, 240))
+def shows_faux(content: ContentArea) -> bool:
+    """Whether the box of "FAUX" is shown on any line."""
+    return content.has(LIGHT_CYAN, points(380, 60, 460, 240))
 
 
 class Exercise(NamedTuple):
     line: Area  # of the operation
-    bravo: Area  # a part of the ellipse where nothing is written
+    bravo: Area  # a part of the ellipse without text
 
-    def shows_bravo(self, sheet: Sheet) -> bool:
-        return sheet.has(RED, self.bravo)
+    def shows_bravo(self, content: ContentArea) -> bool:
+        return content.has(RED, self.bravo)
 
 
 def _exercise(line: int, centre: int, ligne_bravo: int) -> Exercise:
-    """From points."""
+    """All values are in points."""
     left_of_text = points(centre - 37, ligne_bravo + 9, centre - 33, ligne_bravo + 15)
     return Exercise(line_at(line), left_of_text)
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Pictures of the screen, and what can be found in them."""
+"""Pictures of the display, and searches for colours in them."""
 
 from typing import NamedTuple
 
@@ -7,7 +7,7 @@ Colour = tuple[int, int, int]
 
 
 class Area(NamedTuple):
-    """In pixels; `right` and `bottom` lie just outside."""
+    """A rectangle in pixels. `right` and `bottom` are exclusive."""
 
     left: int
     top: int
@@ -34,16 +34,16 @@ class Picture:
 
     def __init__(self, width: int, height: int, data: bytes):
         if len(data) != 3 * width * height:
-            raise ValueError(f"{len(data)} bytes are no picture of {width} x {height} pixels")
+            raise ValueError(f"{len(data)} bytes do not make a picture of {width} x {height} pixels")
         self.width = width
         self.height = height
         self.data = data
 
     @classmethod
     def from_ppm(cls, ppm: bytes) -> "Picture":
-        kind, width, height, most, data = _ppm_fields(ppm)
-        if kind != b"P6" or most != b"255":
-            raise ValueError("not a binary PPM of 8 bits")
+        kind, width, height, maximum, data = _ppm_fields(ppm)
+        if kind != b"P6" or maximum != b"255":
+            raise ValueError("not a binary PPM with 8 bits per channel")
         return cls(int(width), int(height), data)
 
     def to_ppm(self) -> bytes:
@@ -53,20 +53,20 @@ class Picture:
         return isinstance(other, Picture) and self.width == other.width and self.data == other.data
 
     def pixel(self, x: int, y: int) -> Colour:
-        at = 3 * (y * self.width + x)
-        return tuple(self.data[at : at + 3])
+        offset = 3 * (y * self.width + x)
+        return tuple(self.data[offset : offset + 3])
 
     def row(self, y: int, left: int, right: int) -> bytes:
         return self.data[3 * (y * self.width + left) : 3 * (y * self.width + right)]
 
     def crop(self, area: Area) -> "Picture":
-        area = self._within(area)
+        area = self._clipped(area)
         rows = (self.row(y, area.left, area.right) for y in range(area.top, area.bottom))
         return Picture(area.width, area.height, b"".join(rows))
 
-    def box_of(self, colour: Colour, area: Area) -> Area | None:
-        """The smallest box around all pixels of exactly that colour in an area."""
-        area = self._within(area)
+    def bounding_box(self, colour: Colour, area: Area) -> Area | None:
+        """Of all pixels in the area that have exactly this colour."""
+        area = self._clipped(area)
         found = []
         for y in range(area.top, area.bottom):
             row = self.row(y, area.left, area.right)
@@ -83,16 +83,16 @@ class Picture:
         )
 
     def has(self, colour: Colour, area: Area) -> bool:
-        return self.box_of(colour, area) is not None
+        return self.bounding_box(colour, area) is not None
 
-    def _within(self, area: Area) -> Area:
+    def _clipped(self, area: Area) -> Area:
         return Area(
             max(area.left, 0), max(area.top, 0), min(area.right, self.width), min(area.bottom, self.height)
         )
 
 
 def _ppm_fields(ppm: bytes) -> list[bytes]:
-    """The four words of the header, without its comments, and the pixels."""
+    """The four words of the header, without comments, and the pixel data."""
     words = []
     rest = ppm
     while len(words) < 4:
@@ -102,14 +102,14 @@ def _ppm_fields(ppm: bytes) -> list[bytes]:
 
 
 def _first_pixel(row: bytes, colour: bytes) -> int | None:
-    at = row.find(colour)
-    while at >= 0 and at % 3 != 0:
-        at = row.find(colour, at + 1)
-    return at // 3 if at >= 0 else None
+    offset = row.find(colour)
+    while offset >= 0 and offset % 3 != 0:
+        offset = row.find(colour, offset + 1)
+    return offset // 3 if offset >= 0 else None
 
 
 def _last_pixel(row: bytes, colour: bytes) -> int:
-    at = row.rfind(colour)
-    while at % 3 != 0:
-        at = row.rfind(colour, 0, at + 2)
-    return at // 3
+    offset = row.rfind(colour)
+    while offset % 3 != 0:
+        offset = row.rfind(colour, 0, offset + 2)
+    return offset // 3

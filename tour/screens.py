@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Where things are on the screens of the program, in pixels of a display of 96 dots per inch."""
+"""Positions on the screens of the program, in pixels on a display of 96 pixels per inch."""
 
 import subprocess
 from functools import cache
@@ -18,18 +18,18 @@ LIGHT_YELLOW: Colour = (255, 255, 224)
 
 
 def points(left: float, top: float, right: float, bottom: float) -> Area:
-    """From 1/72 inch."""
+    """Converts an area from points (1/72 inch) to pixels."""
     return Area(*(round(edge * 96 / 72) for edge in (left, top, right, bottom)))
 
 
 def twips(left: int, top: int, width: int, height: int) -> Area:
-    """From 1/1440 inch."""
+    """Converts an area from twips (1/1440 inch) to pixels."""
     return Area(*(round(edge / 15) for edge in (left, top, left + width, top + height)))
 
 
 ICON = 480  # twips, the side of an arrow or a stop sign
 
-# By the name of the screen: the light yellow label that no other screen has at this place.
+# By the name of the screen: its light yellow title label. Its position is different on each screen.
 TITLES = {
     "accueil": twips(6120, 360, 4455, 615),
     "addition": twips(3720, 240, 5295, 495),
@@ -38,7 +38,7 @@ TITLES = {
     "FIN": twips(5880, 1680, 3975, 1935),
 }
 
-# By the name of the screen to which they lead.
+# By the name of the screen that they open.
 HOME_BUTTONS = {
     "addition": twips(6360, 2640, 3975, 615),
     "multiplication": twips(6360, 3600, 3975, 615),
@@ -63,26 +63,26 @@ LABEL_BORDER = 1  # pixels
 _assets = Path(__file__).resolve().parents[1] / "assets"
 
 
-class Sheet:
-    """The inner area of the screen that a picture shows. All places count from its top left corner."""
+class ContentArea:
+    """The content area of the window in a picture of the display. Positions are relative to its top left corner."""
 
     def __init__(self, picture: Picture):
         self.picture = picture
-        self.left, self.top = _inner_corner(picture)
+        self.left, self.top = _content_corner(picture)
 
     def on_display(self, area: Area) -> Area:
         return area.moved(self.left, self.top)
 
-    def box_of(self, colour: Colour, area: Area) -> Area | None:
-        box = self.picture.box_of(colour, self.on_display(area))
+    def bounding_box(self, colour: Colour, area: Area) -> Area | None:
+        box = self.picture.bounding_box(colour, self.on_display(area))
         return box and box.moved(-self.left, -self.top)
 
     def has(self, colour: Colour, area: Area) -> bool:
-        return self.box_of(colour, area) is not None
+        return self.bounding_box(colour, area) is not None
 
     def title(self) -> Area | None:
-        """The place of the light yellow label."""
-        inside = self.box_of(LIGHT_YELLOW, Area(0, 0, self.picture.width, self.picture.height))
+        """The area of the light yellow label."""
+        inside = self.bounding_box(LIGHT_YELLOW, Area(0, 0, self.picture.width, self.picture.height))
         return inside and inside.grown(LABEL_BORDER)
 
     def shows(self, screen: str) -> bool:
@@ -91,7 +91,7 @@ class Sheet:
         return self.title() is None and self._untitled() == screen
 
     def _untitled(self) -> str:
-        """Which one of the screens without a title it is. Only two of them always have an arrow."""
+        """The name of a screen without a title. FIN2 and Aurevoir always show an arrow."""
         return next((screen for screen in ("FIN2", "Aurevoir") if self.shows_arrow(screen)), "record")
 
     def shows_arrow(self, screen: str) -> bool:
@@ -100,27 +100,27 @@ class Sheet:
     def shows_stop(self) -> bool:
         return self._shows_image("arret.png", STOP)
 
-    def _shows_image(self, name: str, place: Area) -> bool:
-        """Whether an image of the program is there, pixel for pixel."""
-        return self.picture.crop(self.on_display(place)) == _asset(name)
+    def _shows_image(self, name: str, area: Area) -> bool:
+        """Compares all pixels with an image of the program."""
+        return self.picture.crop(self.on_display(area)) == _asset(name)
 
     def close_box(self) -> Area:
-        """In the right end of the title bar, which is all that lies above the inner area."""
+        """At the right end of the title bar, which fills the space above the content area."""
         right = self.picture.width - self.left
         return Area(right - self.top, 0, right, self.top)
 
 
-def _inner_corner(picture: Picture) -> tuple[int, int]:
-    """Where the white begins, behind the frame and below the title bar if the screen has any."""
+def _content_corner(picture: Picture) -> tuple[int, int]:
+    """The first white pixel to the right of the frame and below the title bar, if there is one."""
     column = picture.width // 2
     row = picture.height - 10
-    left = picture.box_of(WHITE, Area(0, row, picture.width, row + 1))
-    top = picture.box_of(WHITE, Area(column, 0, column + 1, picture.height))
-    return (left.left, top.top) if left and top else (0, 0)  # nothing is shown yet
+    left = picture.bounding_box(WHITE, Area(0, row, picture.width, row + 1))
+    top = picture.bounding_box(WHITE, Area(column, 0, column + 1, picture.height))
+    return (left.left, top.top) if left and top else (0, 0)  # the window is not shown yet
 
 
 @cache
 def _asset(name: str) -> Picture:
-    """On white, as the program shows it."""
+    """On a white background, as the program shows it."""
     command = ["convert", str(_assets / name), "-background", "white", "-flatten", "-depth", "8", "ppm:-"]
     return Picture.from_ppm(subprocess.run(command, stdout=subprocess.PIPE, check=True).stdout)

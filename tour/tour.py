@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Plays through the screens of the program on a virtual display, and takes a picture of each.
+"""Plays through the screens of the program on a virtual display and saves a picture of each.
 
 Usage: tour.py PROGRAM FOLDER
 """
@@ -10,18 +10,18 @@ import subprocess
 import sys
 from pathlib import Path
 
-from desktop import Desktop, NotSeen
-from learner import Learner, Operation
-from reading import Unreadable
-from screens import ARROWS, Sheet
+from desktop import Desktop, WaitFailed
+from learner import Operation, Learner
+from screens import ARROWS, ContentArea
+from text_recognition import Unreadable
 
-WRONG = 1  # never a right answer
-OBJECTIVE = 10  # points pass a level
-CHALLENGE = 20  # right answers complete a challenge
+WRONG = 1  # never the right answer
+OBJECTIVE = 10  # points that complete a level
+CHALLENGE = 20  # right answers that complete a challenge
 
 
-class Album:
-    """Numbers the pictures in the order in which they are taken."""
+class PictureFolder:
+    """Saves pictures in the folder, numbered in their order. Removes those of an earlier tour."""
 
     def __init__(self, folder: Path):
         self.folder = folder
@@ -30,23 +30,23 @@ class Album:
         for picture in folder.glob("[0-9][0-9]-*.png"):
             picture.unlink()
 
-    def add(self, name: str, sheet: Sheet) -> Sheet:
+    def save(self, name: str, content: ContentArea) -> ContentArea:
         self.count += 1
         path = self.folder / f"{self.count:02}-{name}.png"
-        subprocess.run(["convert", "ppm:-", "-strip", f"png:{path}"], input=sheet.picture.to_ppm(), check=True)
+        subprocess.run(["convert", "ppm:-", "-strip", f"png:{path}"], input=content.picture.to_ppm(), check=True)
         print(path, flush=True)
-        return sheet
+        return content
 
 
 class Tour:
-    def __init__(self, desktop: Desktop, album: Album):
+    def __init__(self, desktop: Desktop, pictures: PictureFolder):
         self.desktop = desktop
-        self.album = album
+        self.pictures = pictures
         self.learner = Learner(desktop)
 
     def play(self) -> int:
-        """The exit status of the program."""
-        self.album.add("accueil", self.learner.start())
+        """Returns the exit status of the program."""
+        self.pictures.save("accueil", self.learner.wait_for_start())
         self.additions()
         self.multiplications()
         self.divisions()
@@ -58,37 +58,37 @@ class Tour:
         self.wrong_addition()
         self.right_addition()
         for _ in range(1, OBJECTIVE):
-            self.answer_rightly("addition")
+            self.answer_correctly("addition")
             self.desktop.press("Right")
-        sheet = self.album.add("felicitations", self.learner.see("FIN"))
-        self.learner.click(sheet, ARROWS["FIN"])
+        content = self.pictures.save("felicitations", self.learner.wait_for_screen("FIN"))
+        self.learner.click(content, ARROWS["FIN"])
 
     def wrong_addition(self) -> None:
-        sheet, _ = self.learner.see_operation("addition")
-        self.album.add("addition", sheet)
-        self.answer_wrongly("addition-faux")
+        content, _ = self.learner.wait_for_operation("addition")
+        self.pictures.save("addition", content)
+        self.answer_incorrectly("addition-faux")
         self.desktop.press("Right")
-        self.album.add("addition-etape-1", self.learner.see_correction())
-        self.answer_wrongly("addition-etape-1-faux")
+        self.pictures.save("addition-etape-1", self.learner.wait_for_correction())
+        self.answer_incorrectly("addition-etape-1-faux")
         self.desktop.press("Right")
-        self.album.add("addition-etape-2", self.learner.see_correction())
-        self.answer_wrongly("addition-etape-2-faux")
+        self.pictures.save("addition-etape-2", self.learner.wait_for_correction())
+        self.answer_incorrectly("addition-etape-2-faux")
         self.desktop.press("space")
-        self.album.add("addition-resultat", self.learner.see_correction())
+        self.pictures.save("addition-resultat", self.learner.wait_for_correction())
         self.desktop.press("Right")
 
     def right_addition(self) -> None:
-        sheet, operation = self.learner.see_operation("addition")
-        self.album.add("addition-suivante", sheet)
+        content, operation = self.learner.wait_for_operation("addition")
+        self.pictures.save("addition-suivante", content)
         self.learner.type_answer(operation.result)
-        typed = self.learner.wait_for("the answer", lambda seen: seen.picture != sheet.picture)
-        self.album.add("addition-reponse", typed)
+        typed = self.learner.wait_for("the answer", lambda current: current.picture != content.picture)
+        self.pictures.save("addition-reponse", typed)
         self.desktop.press("Return")
-        self.album.add("addition-bravo", self.learner.see_bravo("addition"))
+        self.pictures.save("addition-bravo", self.learner.wait_for_bravo("addition"))
         self.desktop.press("Right")
 
     def multiplications(self) -> None:
-        operation = self.right_and_wrong("multiplication")
+        operation = self.answer_one_right_one_wrong("multiplication")
         number, multiplier = max(operation.left, operation.right), min(operation.left, operation.right)
         self.press("multiplication-etape-2", *str((number - number % 10) * multiplier), "Return")
         self.press("multiplication-somme", *str(number % 10 * multiplier), "Return")
@@ -96,77 +96,77 @@ class Tour:
         self.desktop.press("Escape")
 
     def divisions(self) -> None:
-        operation = self.right_and_wrong("division")
+        operation = self.answer_one_right_one_wrong("division")
         self.press("division-chiffre", str(operation.result)[0])
         self.press("division-reste", str(operation.left // 10 % operation.right))
         self.press("division-chiffre-faux", "x")
-        sheet = self.press("division-resultat", "0")
-        self.desktop.click_into(sheet.close_box())
+        content = self.press("division-resultat", "0")
+        self.desktop.click_area(content.close_box())
 
     def challenge(self) -> None:
         self.learner.open("record")
-        sheet, _ = self.learner.see_operation("record")
-        self.album.add("record", sheet)
-        self.album.add("record-chronometre", self.learner.see_stopwatch()[0])
-        self.album.add("record-bravo", self.answer_rightly("record"))
+        content, _ = self.learner.wait_for_operation("record")
+        self.pictures.save("record", content)
+        self.pictures.save("record-chronometre", self.learner.wait_for_stopwatch()[0])
+        self.pictures.save("record-bravo", self.answer_correctly("record"))
         self.desktop.press("Right")
         self.wrong_operation_of_challenge()
         for _ in range(1, CHALLENGE):
-            self.answer_rightly("record")
+            self.answer_correctly("record")
             self.desktop.press("Right")
-        sheet = self.album.add("record-resultats", self.learner.see("FIN2"))
-        self.learner.click(sheet, ARROWS["FIN2"])
+        content = self.pictures.save("record-resultats", self.learner.wait_for_screen("FIN2"))
+        self.learner.click(content, ARROWS["FIN2"])
 
     def wrong_operation_of_challenge(self) -> None:
-        self.learner.see_operation("record")
-        self.answer_wrongly("record-faux")
+        self.learner.wait_for_operation("record")
+        self.answer_incorrectly("record-faux")
         self.desktop.press("Right")
-        self.album.add("record-correction", self.learner.see_correction())
+        self.pictures.save("record-correction", self.learner.wait_for_correction())
         self.desktop.press("Right")
 
     def goodbye(self) -> int:
-        self.learner.see("accueil")
+        self.learner.wait_for_screen("accueil")
         self.desktop.press("Escape")
-        sheet = self.album.add("au-revoir", self.learner.see("Aurevoir"))
-        self.learner.click(sheet, ARROWS["Aurevoir"])
+        content = self.pictures.save("au-revoir", self.learner.wait_for_screen("Aurevoir"))
+        self.learner.click(content, ARROWS["Aurevoir"])
         return self.desktop.program.exit_status()
 
-    def right_and_wrong(self, screen: str) -> Operation:
-        """The operation whose correction has begun then."""
+    def answer_one_right_one_wrong(self, screen: str) -> Operation:
+        """Returns the wrongly answered operation, whose correction has begun."""
         self.learner.open(screen)
-        sheet, _ = self.learner.see_operation(screen)
-        self.album.add(screen, sheet)
-        self.album.add(f"{screen}-bravo", self.answer_rightly(screen))
+        content, _ = self.learner.wait_for_operation(screen)
+        self.pictures.save(screen, content)
+        self.pictures.save(f"{screen}-bravo", self.answer_correctly(screen))
         self.desktop.press("Right")
-        _, operation = self.learner.see_operation(screen)
-        self.answer_wrongly(f"{screen}-faux")
+        _, operation = self.learner.wait_for_operation(screen)
+        self.answer_incorrectly(f"{screen}-faux")
         self.desktop.press("Right")
-        self.album.add(f"{screen}-correction", self.learner.see_correction())
+        self.pictures.save(f"{screen}-correction", self.learner.wait_for_correction())
         return operation
 
-    def press(self, name: str, *keys: str) -> Sheet:
-        """What the keys lead to."""
+    def press(self, name: str, *keys: str) -> ContentArea:
+        """Presses the keys, waits until the picture changes and saves it."""
         before = self.desktop.display.picture()
         self.desktop.press(*keys)
-        return self.album.add(name, self.learner.wait_for(name, lambda sheet: sheet.picture != before))
+        return self.pictures.save(name, self.learner.wait_for(name, lambda content: content.picture != before))
 
-    def answer_rightly(self, screen: str) -> Sheet:
-        _, operation = self.learner.see_operation(screen)
+    def answer_correctly(self, screen: str) -> ContentArea:
+        _, operation = self.learner.wait_for_operation(screen)
         self.learner.submit(operation.result)
-        return self.learner.see_bravo(screen)
+        return self.learner.wait_for_bravo(screen)
 
-    def answer_wrongly(self, name: str) -> None:
+    def answer_incorrectly(self, name: str) -> None:
         self.learner.submit(WRONG)
-        self.album.add(name, self.learner.see_faux())
+        self.pictures.save(name, self.learner.wait_for_faux())
 
 
 def main(program: Path, folder: Path) -> int:
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that nothing is left running
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that all processes are ended
     try:
         with Desktop(program) as desktop:
-            return Tour(desktop, Album(folder)).play()
-    except (NotSeen, Unreadable) as reason:
-        print(f"The tour ended early: {reason}", file=sys.stderr)
+            return Tour(desktop, PictureFolder(folder)).play()
+    except (WaitFailed, Unreadable) as reason:
+        print(f"The tour failed: {reason}", file=sys.stderr)
         return 1
 
 

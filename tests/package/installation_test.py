@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""The package is installed into a scratch folder, started from its desktop entry, played, and removed."""
+"""Installs the package into a scratch folder, starts it from its desktop entry, plays it, and removes it."""
 
 import os
 import shutil
@@ -13,11 +13,11 @@ from pathlib import Path
 from package import ENTRY, ROOT, package
 
 sys.path.insert(0, str(ROOT / "tests" / "window"))
-from case import WindowCase
+from base_case import WindowCase
 
-MACHINE = Path("/var/lib/dpkg")
+DPKG_DATABASE = Path("/var/lib/dpkg")
 
-# A desktop would not wait for the end of what it starts. A reader of what the program says does.
+# `gio launch` does not wait for the program. The pipe to `cat` does: it is open until the program ends.
 LAUNCHER = """#!/bin/sh
 export HOME='{home}' PATH='{root}/usr/bin':"$PATH" XDG_DATA_DIRS='{root}/usr/share':/usr/share
 gio launch '{root}/{entry}' 2>&1 | cat >&2
@@ -25,18 +25,18 @@ gio launch '{root}/{entry}' 2>&1 | cat >&2
 
 
 class ScratchSystem:
-    """Has dpkg's notes of what is installed on the machine, and nothing else of it."""
+    """A root folder with a copy of the machine's dpkg database, and no other files."""
 
     def __init__(self, root: Path):
         self.root = root
-        self._notes = root / "var/lib/dpkg"
+        self._database = root / "var/lib/dpkg"
         for folder in ("info", "updates", "triggers"):
-            (self._notes / folder).mkdir(parents=True)
-        shutil.copy(MACHINE / "status", self._notes)
+            (self._database / folder).mkdir(parents=True)
+        shutil.copy(DPKG_DATABASE / "status", self._database)
 
     def dpkg(self, *arguments: str | Path) -> None:
-        """As root only by appearance."""
-        path = os.environ["PATH"] + ":/usr/sbin:/sbin"  # dpkg insists on tools that it would not need here
+        """Runs dpkg under fakeroot."""
+        path = os.environ["PATH"] + ":/usr/sbin:/sbin"  # dpkg refuses to run without tools in these folders
         environment = os.environ | {"PATH": path, "LC_ALL": "C"}
         command = ["fakeroot", "dpkg", f"--root={self.root}", *arguments]
         result = subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, capture_output=True, text=True)
@@ -60,21 +60,21 @@ class Installation(WindowCase):
         os.environ["CHIFFROLO"] = str(launcher)
         super().setUp()
 
-    def test_from_the_menu_to_the_removal(self) -> None:
-        self.learner.start()
-        self.assert_is_the_installed_one()
-        self.learner.open("addition")
+    def test_installs_starts_plays_and_removes_completely(self) -> None:
+        self.player.wait_for_start()
+        self.assert_installed_program_is_running()
+        self.player.open("addition")
         self.answer_addition()
         self.desktop.press("Escape")
-        self.learner.see("accueil")
+        self.player.wait_for_screen("accueil")
         self.desktop.press("Escape")
-        self.learner.click_arrow("Aurevoir")
-        self.assert_ended_well()
+        self.player.click_arrow("Aurevoir")
+        self.assert_clean_exit()
         self.system.dpkg("--purge", "chiffrolo")
         self.assertEqual(self.system.paths(), self.before)
         self.assertEqual([path for path in self.home.rglob("*") if "chiffrolo" in path.name.lower()], [])
 
-    def assert_is_the_installed_one(self) -> None:
+    def assert_installed_program_is_running(self) -> None:
         run = self.desktop.display.run
         window = run("xdotool", "getwindowfocus").decode().strip()
         process = run("xdotool", "getwindowpid", window).decode().strip()

@@ -6,20 +6,20 @@ import subprocess
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-ID = "org.chiffrolo.Chiffrolo"  # what a desktop knows the program by
+ID = "org.chiffrolo.Chiffrolo"  # the application ID on the desktop
 
 ENTRY = f"usr/share/applications/{ID}.desktop"
 METAINFO = f"usr/share/metainfo/{ID}.metainfo.xml"
 
 
 def package() -> Path:
-    """The one made last in the folder named by the environment, or else in the build folder."""
+    """The newest package in the folder of the variable CHIFFROLO_PACKAGES; by default, in the build folder."""
     folder = Path(os.environ.get("CHIFFROLO_PACKAGES", ROOT / "build")).absolute()
     return max(folder.glob("chiffrolo_*.deb"), key=lambda path: path.stat().st_mtime)
 
 
 def field(name: str) -> str:
-    """Of the package's description of itself."""
+    """A field of the package's control file."""
     command = ["dpkg-deb", "--field", package(), name]
     return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout.strip()
 

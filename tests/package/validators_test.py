@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Debian's and the desktops' own validators find nothing to say about the package, nor reuse about the sources."""
+"""The validators of Debian and the desktops find no fault in the package, and reuse finds none in the sources."""
 
 import subprocess
 import tempfile
@@ -16,23 +16,23 @@ class Validators(unittest.TestCase):
         cls.unpacked = Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         unpack(cls.unpacked)
 
-    def test_desktop_entry(self) -> None:
-        self.assertEqual(self.accepted("desktop-file-validate", self.unpacked / ENTRY), "")
+    def test_desktop_entry_is_valid(self) -> None:
+        self.assertEqual(self.validate("desktop-file-validate", self.unpacked / ENTRY), "")
 
-    def test_metainfo(self) -> None:
-        said = self.accepted("appstreamcli", "validate", "--no-net", "--no-color", self.unpacked / METAINFO)
-        self.assertNotRegex(said, r"(?m)^[EWI]: ")
-        self.accepted("appstream-util", "validate-relax", "--nonet", self.unpacked / METAINFO)
+    def test_metainfo_is_valid(self) -> None:
+        output = self.validate("appstreamcli", "validate", "--no-net", "--no-color", self.unpacked / METAINFO)
+        self.assertNotRegex(output, r"(?m)^[EWI]: ")
+        self.validate("appstream-util", "validate-relax", "--nonet", self.unpacked / METAINFO)
 
-    def test_package(self) -> None:
-        said = self.accepted("lintian", "--allow-root", "-EvIL", "+pedantic", "--show-overrides", package())
-        self.assertNotRegex(said, r"(?m)^[A-MO-Z]: ")
+    def test_package_is_valid(self) -> None:
+        output = self.validate("lintian", "--allow-root", "-EvIL", "+pedantic", "--show-overrides", package())
+        self.assertNotRegex(output, r"(?m)^[A-MO-Z]: ")
 
-    def test_licences_of_the_sources(self) -> None:
-        self.accepted("reuse", "--root", ROOT, "lint")
+    def test_sources_have_licences(self) -> None:
+        self.validate("reuse", "--root", ROOT, "lint")
 
-    def accepted(self, *command: str | Path) -> str:
-        """What the validator says, having found no fault."""
+    def validate(self, *command: str | Path) -> str:
+        """Requires exit status 0. Returns the output of the validator."""
         result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self.assertEqual(result.returncode, 0, result.stdout)
         return result.stdout

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Without a display, the program ends at once: with one line on standard error, status 1, and no crash."""
+"""Without a display, the program exits at once with status 1 and one line on standard error, and does not crash."""
 
 import resource
 import tempfile
@@ -8,55 +8,55 @@ import time
 import unittest
 from pathlib import Path
 
-from case import answer_addition, program
-from desktop import Desktop, Program, Surroundings, environment_without_display
+from base_case import answer_addition, program_path
+from desktop import Desktop, DesktopEnvironment, Program, variables_without_display
+from desktop_environments import Weston
 from learner import Learner
-from surroundings import Weston
 
-AT_ONCE = 2.0  # seconds
+MAX_EXIT_TIME = 2.0  # seconds
 
 
 class DisplayFaults(unittest.TestCase):
     def setUp(self) -> None:
-        """Crashes would leave a core dump in the scratch folder."""
-        _, most = resource.getrlimit(resource.RLIMIT_CORE)
-        resource.setrlimit(resource.RLIMIT_CORE, (most, most))
+        """Enables core dumps: a crash leaves a file in the scratch folder."""
+        _, hard_limit = resource.getrlimit(resource.RLIMIT_CORE)
+        resource.setrlimit(resource.RLIMIT_CORE, (hard_limit, hard_limit))
         self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
 
-    def test_no_display(self) -> None:
-        self.start_without(environment_without_display())
+    def test_exits_without_display(self) -> None:
+        self.start_with(variables_without_display())
 
-    def test_wrong_display(self) -> None:
-        self.start_without(environment_without_display() | {"DISPLAY": ":4711"})
+    def test_exits_if_display_does_not_exist(self) -> None:
+        self.start_with(variables_without_display() | {"DISPLAY": ":4711"})
 
-    def test_display_goes_away_in_mid_game(self) -> None:
-        self.lose_display(Surroundings)
+    def test_exits_when_x_server_is_killed(self) -> None:
+        self.kill_display_server(DesktopEnvironment)
 
-    def test_compositor_goes_away_in_mid_game(self) -> None:
-        self.lose_display(Weston)
+    def test_exits_when_compositor_is_killed(self) -> None:
+        self.kill_display_server(Weston)
 
-    def start_without(self, environment: dict[str, str]) -> None:
+    def start_with(self, variables: dict[str, str]) -> None:
         started = time.monotonic()
-        process = Program(program(), environment, self.folder)
+        process = Program(program_path(), variables, self.folder)
         self.addCleanup(process.close)
-        self.assert_gave_up(process, started)
+        self.assert_exits(process, started)
 
-    def lose_display(self, surroundings: type[Surroundings]) -> None:
-        desktop = self.enterContext(Desktop(program(), surroundings, self.folder))
+    def kill_display_server(self, environment: type[DesktopEnvironment]) -> None:
+        desktop = self.enterContext(Desktop(program_path(), environment, self.folder))
         learner = Learner(desktop)
-        learner.start()
+        learner.wait_for_start()
         learner.open("addition")
         answer_addition(learner)
-        self.assertEqual(desktop.program.errors(), "")
-        lost = time.monotonic()
-        desktop.surroundings.break_down()
-        self.assert_gave_up(desktop.program, lost)
+        self.assertEqual(desktop.program.error_output(), "")
+        killed = time.monotonic()
+        desktop.environment.kill_display_server()
+        self.assert_exits(desktop.program, killed)
 
-    def assert_gave_up(self, process: Program, since: float) -> None:
-        self.assertEqual(process.exit_status(), 1, process.errors())
-        self.assertLess(time.monotonic() - since, AT_ONCE)
-        self.assertRegex(process.errors(), r"\A[^\n]+\n\Z")
-        self.assertEqual(list(self.folder.iterdir()), [], "what a crash leaves behind")
+    def assert_exits(self, process: Program, since: float) -> None:
+        self.assertEqual(process.exit_status(), 1, process.error_output())
+        self.assertLess(time.monotonic() - since, MAX_EXIT_TIME)
+        self.assertRegex(process.error_output(), r"\A[^\n]+\n\Z")
+        self.assertEqual(list(self.folder.iterdir()), [], "a crash left files")
 
 
 if __name__ == "__main__":

@@ -1,90 +1,99 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""The program behaves alike wherever it is shown: it fills the work area, gets the keys at once, changes its
-screens, ends well, and complains about nothing."""
+"""In each desktop environment, the program fills the work area, has the focus at once, shows all screens, and exits
+with status 0 and without error output."""
 
 import signal
 import unittest
 
-from case import WindowCase, program
-from desktop import Desktop, Surroundings, wait_until
-from learner import Learner
+from base_case import WindowCase, program_path
+from desktop import Desktop, DesktopEnvironment, wait_until
+from desktop_environments import (
+    PANEL_HEIGHT,
+    WAYLAND_PANEL_HEIGHT,
+    HeadlessWeston,
+    Metacity,
+    Openbox,
+    Weston,
+    Xfwm4,
+)
 from picture import Area
-from screens import WHITE, Sheet
-from surroundings import PANEL_HEIGHT, WAYLAND_PANEL_HEIGHT, Metacity, Openbox, Weston, WestonWithoutScreen, Xfwm4
+from learner import Learner
+from screens import WHITE, ContentArea
 
-class Environment:
-    """What is tried in each of them."""
+
+class EnvironmentTests:
+    """The tests of each environment with a screen."""
 
     panel_height = PANEL_HEIGHT
 
-    def test_round(self) -> None:
-        self.learner.start()
-        self.expect_to_fill_work_area()
-        self.desktop.press("space")  # the first button has the focus
+    def test_all_screens_are_shown(self) -> None:
+        self.learner.wait_for_start()
+        self.assert_work_area_is_filled()
+        self.desktop.press("space")  # presses the first button, which has the focus
         self.answer_addition()
         self.desktop.press("Escape")
         for screen in ("multiplication", "division"):
             self.learner.open(screen)
-            self.learner.see_operation(screen)
+            self.learner.wait_for_operation(screen)
             self.desktop.press("Escape")
         self.learner.open("record")
-        self.learner.see_operation("record")
+        self.learner.wait_for_operation("record")
         self.desktop.press("Escape")
-        self.learner.see("FIN2")
+        self.learner.wait_for_screen("FIN2")
         self.desktop.press("Return")
-        self.learner.see("accueil")
+        self.learner.wait_for_screen("accueil")
         self.desktop.press("Escape")
         self.learner.click_arrow("Aurevoir")
-        self.assert_ended_well()
+        self.assert_clean_exit()
 
-    def expect_to_fill_work_area(self) -> None:
-        """With the picture that it shows on a whole display, as far as there is room for it."""
-        with Desktop(program()) as alone:
-            whole = Learner(alone).start().picture
+    def assert_work_area_is_filled(self) -> None:
+        """With the same pixels as on a display without a panel, cut off at the bottom."""
+        with Desktop(program_path()) as desktop:
+            whole = Learner(desktop).wait_for_start().picture
         expected = whole.crop(Area(0, 0, whole.width, whole.height - self.panel_height))
 
-        def fills_work_area(sheet: Sheet) -> bool:
-            return sheet.picture.crop(Area(0, self.panel_height, whole.width, whole.height)) == expected
+        def fills_work_area(content: ContentArea) -> bool:
+            return content.picture.crop(Area(0, self.panel_height, whole.width, whole.height)) == expected
 
         home = self.learner.wait_for("the whole home screen", fills_work_area).picture
         for y in range(self.panel_height):
-            self.assertNotEqual(home.pixel(0, y), WHITE, "the panel stays free")
+            self.assertNotEqual(home.pixel(0, y), WHITE, "the window covers the panel")
 
 
-class WithoutWindowManager(Environment, WindowCase):
-    surroundings = Surroundings
+class WithoutWindowManager(EnvironmentTests, WindowCase):
+    environment = DesktopEnvironment
     panel_height = 0
 
 
-class WithOpenbox(Environment, WindowCase):
-    surroundings = Openbox
+class WithOpenbox(EnvironmentTests, WindowCase):
+    environment = Openbox
 
 
-class WithXfwm4(Environment, WindowCase):
-    surroundings = Xfwm4
+class WithXfwm4(EnvironmentTests, WindowCase):
+    environment = Xfwm4
 
 
-class WithMetacity(Environment, WindowCase):
-    surroundings = Metacity
+class WithMetacity(EnvironmentTests, WindowCase):
+    environment = Metacity
 
 
-class OnWayland(Environment, WindowCase):
-    surroundings = Weston
+class OnWayland(EnvironmentTests, WindowCase):
+    environment = Weston
     panel_height = WAYLAND_PANEL_HEIGHT
 
 
 class OnWaylandWithoutScreen(unittest.TestCase):
-    def test_stays_until_told_to_end(self) -> None:
-        """With all that it says to the compositor on standard error, on lines that begin with a time."""
-        with Desktop(program(), WestonWithoutScreen, settings={"WAYLAND_DEBUG": "client"}) as desktop:
-            wait_until("the window is shown", lambda: "set_maximized" in desktop.program.errors())
-            wait_until("the window has a picture", lambda: ".attach(wl_buffer" in desktop.program.errors())
+    def test_runs_until_sigterm(self) -> None:
+        """Waits for requests in the Wayland log on standard error. Lines of this log begin with a timestamp."""
+        with Desktop(program_path(), HeadlessWeston, variables={"WAYLAND_DEBUG": "client"}) as desktop:
+            wait_until("the window is shown", lambda: "set_maximized" in desktop.program.error_output())
+            wait_until("the window has a picture", lambda: ".attach(wl_buffer" in desktop.program.error_output())
             self.assertTrue(desktop.program.is_running())
-            desktop.program.send(signal.SIGTERM)
+            desktop.program.send_signal(signal.SIGTERM)
             self.assertEqual(desktop.program.exit_status(), -signal.SIGTERM)
-            said = desktop.program.errors().splitlines()
-        self.assertEqual([line for line in said if not line.startswith("[")], [])
+            lines = desktop.program.error_output().splitlines()
+        self.assertEqual([line for line in lines if not line.startswith("[")], [])
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""The pictures in `assets` and the icons of the package are what their sources draw."""
+"""The pictures in `assets` and the icons of the package are up to date with their sources."""
 
 import subprocess
 import tempfile
@@ -20,12 +20,12 @@ class Pictures(unittest.TestCase):
         subprocess.run([ASSETS / "draw", cls.drawn], check=True)
         subprocess.run([ICONS / "draw", cls.drawn], check=True)
 
-    def test_each_picture_is_drawn_again(self) -> None:
+    def test_scripts_draw_every_picture(self) -> None:
         kept = {path.name for folder in (ASSETS, ICONS) for path in folder.glob("*.[pj][np]g")}
         self.assertEqual({path.name for path in self.drawn.iterdir()}, kept)
 
-    def test_drawings_are_alike(self) -> None:
-        """Another version of the renderer may place the edges of shapes a little differently, but not of icons."""
+    def test_pictures_equal_those_drawn_from_their_sources(self) -> None:
+        """The edges of shapes depend on the version of the SVG renderer. The two icons drawn from XPM files do not."""
         self.assertEqual(self.different_pixels("fleche.png"), 0)
         self.assertEqual(self.different_pixels("arret.png"), 0)
         self.assertLess(self.different_pixels("chiffrolo.png", "5%"), 300 * 300 * 0.005)
@@ -44,7 +44,7 @@ class Pictures(unittest.TestCase):
         return round(float(result.stderr))
 
     def without_transparency(self, picture: Path, name: str) -> Path:
-        """On a colour that no picture has: to the comparison, a transparent pixel is like any other."""
+        """On a colour that no picture contains, because `compare` accepts any pixel for a transparent one."""
         flat = self.scratch / name
         subprocess.run(["convert", picture, "-background", "fuchsia", "-flatten", flat], check=True)
         return flat

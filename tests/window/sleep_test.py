@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""The machine sleeps for an hour in mid-operation: on waking, all goes on where it was."""
+"""Simulates that the machine sleeps for an hour during an operation. The timers continue afterwards."""
 
 import json
 import signal
@@ -9,17 +9,17 @@ import sys
 import time
 import unittest
 
-from case import program
+from base_case import program_path
 from desktop import Desktop
 from learner import Learner, read_stopwatch
 
-PRELOADED = {"LD_PRELOAD": str(program().parent / "libslept_an_hour.so")}
+PRELOADED = {"LD_PRELOAD": str(program_path().parent / "libsimulate_sleep.so")}
 HOUR = 3600  # seconds
 LIMIT = 32  # seconds
-AWAKE = 2.5  # seconds, long enough for ticks that came too early to show
+AFTER_WAKING = 2.5  # seconds, long enough to detect ticks that come too early
 
 CLOCKS = ["CLOCK_REALTIME", "CLOCK_BOOTTIME", "CLOCK_MONOTONIC"]
-SLEEPER = f"""
+CLOCK_SCRIPT = f"""
 import json, os, signal, time
 def clocks():
     return [time.clock_gettime(getattr(time, name)) for name in {CLOCKS}]
@@ -30,38 +30,38 @@ print(json.dumps([after - earlier for after, earlier in zip(clocks(), before)]))
 
 
 class Clocks(unittest.TestCase):
-    def test_those_that_jump(self) -> None:
-        """Otherwise the other tests would prove nothing."""
-        command = [sys.executable, "-c", SLEEPER]
-        said = subprocess.run(command, env=PRELOADED, stdout=subprocess.PIPE, check=True).stdout
-        for seconds, expected in zip(json.loads(said), [HOUR, HOUR, 0], strict=True):
+    def test_clocks_that_run_during_sleep_jump_by_an_hour(self) -> None:
+        """Verifies the simulation on which the other test depends."""
+        command = [sys.executable, "-c", CLOCK_SCRIPT]
+        output = subprocess.run(command, env=PRELOADED, stdout=subprocess.PIPE, check=True).stdout
+        for seconds, expected in zip(json.loads(output), [HOUR, HOUR, 0], strict=True):
             self.assertAlmostEqual(seconds, expected, delta=10)
 
 
 class Sleep(unittest.TestCase):
-    def test_in_mid_operation(self) -> None:
-        """In a challenge, whose stopwatch goes on, and whose limit strikes neither before its time nor much later."""
-        desktop = self.enterContext(Desktop(program(), settings=PRELOADED))
+    def test_stopwatch_and_limit_continue_after_sleep(self) -> None:
+        """The time limit of the challenge is neither early nor more than two seconds late."""
+        desktop = self.enterContext(Desktop(program_path(), variables=PRELOADED))
         learner = Learner(desktop)
-        learner.start()
-        asked = time.monotonic()
+        learner.wait_for_start()
+        opened = time.monotonic()
         learner.open("record")
-        _, operation = learner.see_operation("record")
-        seen = time.monotonic()
-        _, seconds = learner.see_stopwatch()
+        _, operation = learner.wait_for_operation("record")
+        operation_shown = time.monotonic()
+        _, seconds = learner.wait_for_stopwatch()
         before = time.monotonic()
-        desktop.program.send(signal.SIGUSR1)
-        time.sleep(AWAKE)
-        _, later = learner.see_stopwatch()
+        desktop.program.send_signal(signal.SIGUSR1)
+        time.sleep(AFTER_WAKING)
+        _, later = learner.wait_for_stopwatch()
         self.assertAlmostEqual(later - seconds, time.monotonic() - before, delta=1.5)
 
-        time.sleep(max(0.0, asked + LIMIT - 2 - time.monotonic()))
-        self.assertEqual(learner.see_operation("record")[1], operation)
-        sheet = learner.wait_for("the limit", lambda sheet: sheet.shows_arrow("record"))
-        struck = time.monotonic()
-        self.assertGreaterEqual(struck - asked, LIMIT)
-        self.assertLess(struck - seen, LIMIT + 2)
-        self.assertAlmostEqual(read_stopwatch(sheet), LIMIT, delta=1)
+        time.sleep(max(0.0, opened + LIMIT - 2 - time.monotonic()))
+        self.assertEqual(learner.wait_for_operation("record")[1], operation)
+        content = learner.wait_for("the limit", lambda content: content.shows_arrow("record"))
+        limit_reached = time.monotonic()
+        self.assertGreaterEqual(limit_reached - opened, LIMIT)
+        self.assertLess(limit_reached - operation_shown, LIMIT + 2)
+        self.assertAlmostEqual(read_stopwatch(content), LIMIT, delta=1)
 
 
 if __name__ == "__main__":

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""What a school may rely on: the program talks to the learner's own desktop alone, and leaves nothing behind.
+"""The program connects only to the local desktop, writes no files and starts no processes.
 
-All that it asks of the system is written down while a learner plays and a screen reader listens. Needs a
-session bus of its own: `dbus-run-session -- trust_test.py`.
+Traces the system calls of the program while it is played and a screen reader is running. Requires a private session
+bus: `dbus-run-session -- trust_test.py`.
 """
 
 import os
@@ -15,9 +15,9 @@ from typing import NamedTuple
 
 from gi.repository import Gio
 
-from case import program
+from base_case import program_path
 from desktop import Desktop, wait_until
-from ear import Ear
+from listener import Listener
 from learner import Learner
 
 WRITES = re.compile(r"\bO_(WRONLY|RDWR|CREAT|TRUNC|APPEND)\b")
@@ -28,100 +28,100 @@ CALL = re.compile(r"\d+ +(\w+)\((.*)")
 
 
 class Call(NamedTuple):
-    """Of the system, whether or not it succeeded."""
+    """A system call, successful or not."""
 
     name: str
     arguments: str
 
     def path(self) -> str:
-        """The first one; an abstract socket's is written like a file's."""
+        """The first path of the arguments. The address of an abstract socket counts as a path."""
         found = re.search(r'"@?([^"]*)"', self.arguments)
         return found[1] if found else self.arguments
 
 
-class Trust(unittest.TestCase):
+class SystemCalls(unittest.TestCase):
     @classmethod
     def setUpClass(cls) -> None:
-        """Plays in a new account, where no library has put anything yet."""
+        """Uses an empty home folder, so that no library finds files of an earlier run."""
         folder = Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         home = folder / "home"
         home.mkdir(mode=0o700)
-        ear = Ear()
-        cls.addClassCleanup(ear.close)
-        settings = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "HOME": str(home), "XDG_RUNTIME_DIR": str(home)}
-        settings |= {f"XDG_{kind}_HOME": str(home / kind) for kind in ("CACHE", "CONFIG", "DATA", "STATE")}
-        with Desktop(traced_program(folder), settings=settings) as desktop:
+        listener = Listener()
+        cls.addClassCleanup(listener.close)
+        variables = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "HOME": str(home), "XDG_RUNTIME_DIR": str(home)}
+        variables |= {f"XDG_{kind}_HOME": str(home / kind) for kind in ("CACHE", "CONFIG", "DATA", "STATE")}
+        with Desktop(traced_program(folder), variables=variables) as desktop:
             cls.display = f"/tmp/.X11-unix/X{desktop.display.name.removeprefix(':')}"
-            play_all(Learner(desktop), ear)
-            assert desktop.program.exit_status() == 0, desktop.program.errors()
+            play_all(Learner(desktop), listener)
+            assert desktop.program.exit_status() == 0, desktop.program.error_output()
         cls.calls = read_calls(folder / "trace")
-        cls.left_behind = list(home.rglob("*"))
+        cls.created_files = list(home.rglob("*"))
 
-    def named(self, pattern: str) -> list[Call]:
+    def calls_of(self, pattern: str) -> list[Call]:
         return [call for call in self.calls if re.fullmatch(pattern, call.name)]
 
-    def test_it_speaks_to_the_display_and_to_the_buses_of_the_desktop(self) -> None:
-        """Through no socket that reaches beyond the computer, and through none that others can connect to."""
+    def test_connects_only_to_display_and_desktop_buses(self) -> None:
+        """All sockets are local, and none accepts connections."""
         buses = {path_of(os.environ["DBUS_SESSION_BUS_ADDRESS"]), path_of(accessibility_bus())}
-        self.assertEqual({call.path() for call in self.named("connect")}, {self.display} | buses)
-        kinds = {call.arguments.partition(",")[0] for call in self.named("socket|socketpair")}
+        self.assertEqual({call.path() for call in self.calls_of("connect")}, {self.display} | buses)
+        kinds = {call.arguments.partition(",")[0] for call in self.calls_of("socket|socketpair")}
         self.assertEqual(kinds, {"AF_UNIX"})
-        self.assertEqual(self.named("bind|listen|accept4?"), [])
+        self.assertEqual(self.calls_of("bind|listen|accept4?"), [])
 
-    def test_it_writes_no_file_and_changes_no_folder(self) -> None:
-        """Qt asks for the session's own folder, which the desktop has made already."""
-        opened = self.named("open|openat|openat2")
+    def test_writes_no_file_and_changes_no_folder(self) -> None:
+        """Ignores that Qt tries to create the runtime folder, which already exists."""
+        opened = self.calls_of("open|openat|openat2")
         self.assertGreater(len(opened), 10)
         self.assertLessEqual({call.path() for call in opened if WRITES.search(call.arguments)}, {"/dev/null"})
         changes = [call for call in self.calls if CHANGES_FILES.match(call.name)]
         self.assertEqual([call for call in changes if not call.arguments.endswith("EEXIST (File exists)")], [])
-        self.assertEqual(self.left_behind, [])
+        self.assertEqual(self.created_files, [])
 
-    def test_it_starts_no_process(self) -> None:
-        started = self.named("execve.*|v?fork|clone.*")
-        self.assertEqual(started[0].path(), str(program()))
+    def test_starts_no_process(self) -> None:
+        started = self.calls_of("execve.*|v?fork|clone.*")
+        self.assertEqual(started[0].path(), str(program_path()))
         self.assertEqual([call for call in started[1:] if "CLONE_THREAD" not in call.arguments], [])
 
 
 # ---- Playing --------------------------------------------------------------------------------------------
 
 
-def play_all(learner: Learner, ear: Ear) -> None:
-    """A wrong answer and its correction, a challenge with a right one that is broken off, and goodbye."""
-    learner.start()
-    ear.screen("Accueil")
+def play_all(learner: Learner, listener: Listener) -> None:
+    """A wrong answer and its correction, a challenge that is abandoned after a right answer, and the goodbye screen."""
+    learner.wait_for_start()
+    listener.wait_for_screen("Accueil")
     learner.open("addition")
-    learner.see_operation("addition")
+    learner.wait_for_operation("addition")
     learner.submit(1)
-    learner.see_faux()
+    learner.wait_for_faux()
     learner.click_arrow("addition")
     learner.desktop.press("Escape")
     learner.open("record")
-    _, operation = learner.see_operation("record")
+    _, operation = learner.wait_for_operation("record")
     learner.submit(operation.result)
-    learner.see_bravo("record")
-    assert any("Bravo" in text for text in ear.texts("Record"))
+    learner.wait_for_bravo("record")
+    assert any("Bravo" in text for text in listener.texts("Record"))
     learner.desktop.press("Escape")
     learner.click_arrow("FIN2")
-    learner.see("accueil")
+    learner.wait_for_screen("accueil")
     learner.desktop.press("Escape")
     learner.click_arrow("Aurevoir")
 
 
-# ---- Watching -------------------------------------------------------------------------------------------
+# ---- Tracing --------------------------------------------------------------------------------------------
 
 
 def traced_program(folder: Path) -> Path:
-    """The tracer steps aside, so that the process that is started is the program itself."""
+    """A script that starts the program under strace. With -D, the started process becomes the program itself."""
     tracer = "strace -D -f -q -s 4096 -e signal=none -e trace=%network,%file,%process"
     script = folder / "traced"
-    script.write_text(f"#!/bin/sh\nexec {tracer} -o '{folder}/trace' '{program()}'\n", encoding="utf-8")
+    script.write_text(f"#!/bin/sh\nexec {tracer} -o '{folder}/trace' '{program_path()}'\n", encoding="utf-8")
     script.chmod(0o700)
     return script
 
 
 def read_calls(trace: Path) -> list[Call]:
-    """Once the tracer has written down the end of the program."""
+    """Waits until the trace contains the end of the program."""
 
     def lines() -> list[str]:
         return trace.read_text(encoding="utf-8", errors="replace").splitlines()
@@ -139,8 +139,8 @@ def path_of(address: str) -> str:
 
 def accessibility_bus() -> str:
     session = Gio.bus_get_sync(Gio.BusType.SESSION)
-    asked = ("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")
-    return session.call_sync(*asked, None, None, Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
+    request = ("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")
+    return session.call_sync(*request, None, None, Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the program may meet on a learner's machine: window managers, and Wayland."""
+"""Desktop environments for the tests: window managers on X11, and Wayland compositors."""
 
 import subprocess
 import tempfile
@@ -7,17 +7,24 @@ from pathlib import Path
 
 import Xlib.display
 from Xlib import Xatom, Xutil
-from desktop import Display, Surroundings, end_process, environment_without_display, start_quietly, wait_until
+from desktop import (
+    DesktopEnvironment,
+    Display,
+    end_process,
+    start_without_output,
+    variables_without_display,
+    wait_until,
+)
 
 PANEL_HEIGHT = 40  # pixels
-WAYLAND_PANEL_HEIGHT = 32  # pixels, as the compositor draws it
+WAYLAND_PANEL_HEIGHT = 32  # pixels, fixed by weston
 WAYLAND_PANEL_COLOUR = (0x40, 0x40, 0x40)
 
 
 class Panel:
-    """A button in the upper left corner. Windows are asked to leave the whole edge free, to its height.
+    """A button in the top left corner that reserves the whole top edge of the display.
 
-    No wider than that: some window managers push a bar aside that is wider than a display that has shrunk.
+    It is not as wide as the display: some window managers move a panel that is wider than a display that has shrunk.
     """
 
     def __init__(self, display: Display):
@@ -29,15 +36,15 @@ class Panel:
         self._set("_NET_WM_WINDOW_TYPE", Xatom.ATOM, [self._atom("_NET_WM_WINDOW_TYPE_DOCK")])
         top_edge = [0, 0, PANEL_HEIGHT, 0] + [0] * 4 + [0, display.width - 1] + [0] * 2
         self._set("_NET_WM_STRUT_PARTIAL", Xatom.CARDINAL, top_edge)
-        self._button.set_wm_normal_hints(flags=Xutil.USPosition, x=0, y=0)  # or else it might be centred
+        self._button.set_wm_normal_hints(flags=Xutil.USPosition, x=0, y=0)  # prevents that it is centred
         self._button.map()
         self._connection.flush()
 
-    def is_respected(self) -> bool:
-        """Whether a window manager leaves its place free."""
+    def is_reserved(self) -> bool:
+        """Whether the window manager has removed the top edge from the work area."""
         work_area = self._root.get_full_property(self._atom("_NET_WORKAREA"), Xatom.CARDINAL)
-        free = [0, PANEL_HEIGHT, self._display.width, self._display.height - PANEL_HEIGHT]
-        return work_area is not None and list(work_area.value[:4]) == free
+        expected = [0, PANEL_HEIGHT, self._display.width, self._display.height - PANEL_HEIGHT]
+        return work_area is not None and list(work_area.value[:4]) == expected
 
     def close(self) -> None:
         self._connection.close()
@@ -50,7 +57,7 @@ class Panel:
 
 
 class Scratch(tempfile.TemporaryDirectory):
-    """A home and a place for sockets of its own, readable to its owner alone, so that no one's settings count."""
+    """A private home and runtime folder, so that the settings of the user have no effect."""
 
     def __init__(self) -> None:
         super().__init__(ignore_cleanup_errors=True)
@@ -60,8 +67,8 @@ class Scratch(tempfile.TemporaryDirectory):
         return {"HOME": self.name, "XDG_RUNTIME_DIR": self.name}
 
 
-class Managed(Surroundings):
-    """A window manager, and a panel."""
+class WindowManager(DesktopEnvironment):
+    """A window manager and a panel."""
 
     command: list[str]
 
@@ -70,22 +77,22 @@ class Managed(Surroundings):
         self._scratch = Scratch()
         self._panel: Panel | None = None
         own = {"GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
-        self._manager = start_quietly(self.command, display.environment() | self._scratch.variables() | own)
+        self._manager = start_without_output(self.command, display.variables() | self._scratch.variables() | own)
         try:
             wait_until("the window manager has started", self.has_started)
             self._panel = Panel(display)
-            # It announces itself to other programs before it takes care of their windows: too early to go on.
-            wait_until("the window manager is ready", self._panel.is_respected)
+            # The window manager sets its properties on the root window before it manages windows.
+            wait_until("the window manager is ready", self._panel.is_reserved)
         except BaseException:
             self.close()
             raise
 
     def has_started(self) -> bool:
-        """Whether it takes care of windows that appear from now on."""
+        """Whether windows that appear from now on are managed."""
         return True
 
     def close(self) -> None:
-        """By ending its display: told to end, it would leave a message bus behind."""
+        """Closes the display to end the window manager: ended by a signal, it would leave a message bus running."""
         if self._panel is not None:
             self._panel.close()
         self.display.close()
@@ -96,8 +103,8 @@ class Managed(Surroundings):
         self._scratch.cleanup()
 
 
-class Openbox(Managed):
-    """Overlooks a window for good that appears while it starts."""
+class Openbox(WindowManager):
+    """Never manages a window that appears while it starts."""
 
     command = ["openbox", "--sm-disable", "--startup", "sh -c 'touch $HOME/started'"]
 
@@ -105,18 +112,18 @@ class Openbox(Managed):
         return (self._scratch.path / "started").exists()
 
 
-class Xfwm4(Managed):
-    """Asks a service for its settings."""
+class Xfwm4(WindowManager):
+    """Reads its settings from a service on the session bus."""
 
     command = ["dbus-run-session", "--", "xfwm4", "--compositor=off"]
 
 
-class Metacity(Managed):
+class Metacity(WindowManager):
     command = ["metacity", "--sm-disable", "--compositor=none"]
 
 
-class Weston(Surroundings):
-    """A Wayland compositor, which shows its screen as the only window of the display."""
+class Weston(DesktopEnvironment):
+    """A Wayland compositor whose screen is the only window of the X display."""
 
     socket = "chiffrolo"
     settings = """
@@ -137,41 +144,42 @@ locking=false
         settings = self._scratch.path / "weston.ini"
         settings.write_text(self.settings, encoding="ascii")
         command = ["weston", f"--config={settings}", f"--socket={self.socket}", *self.backend()]
-        self._compositor = start_quietly(command, self.display.environment() | self._scratch.variables())
+        self._compositor = start_without_output(command, self.display.variables() | self._scratch.variables())
         try:
             wait_until("the compositor is ready", self.is_ready)
-            self.agree_on_pointer()
+            self.synchronise_pointers()
         except BaseException:
             self.close()
             raise
 
     def is_ready(self) -> bool:
-        """Once its panel is seen, it keeps its place free."""
-        return self.display.picture().pixel(*self.empty_place_of_panel()) == WAYLAND_PANEL_COLOUR
+        """Whether the panel is shown: from then on, its area is reserved."""
+        return self.display.picture().pixel(*self.empty_position_on_panel()) == WAYLAND_PANEL_COLOUR
 
-    def agree_on_pointer(self) -> None:
-        """The compositor adds up movements from a place of its own: beyond an edge, both stop at the same place."""
-        places = ((self.display.width - 1, self.display.height - 1), (0, 0), self.empty_place_of_panel())
-        for x, y in places:
+    def synchronise_pointers(self) -> None:
+        """Moves the pointer to two corners. There, the positions of the X display and the compositor become equal:
+        the compositor adds up relative movements from its own start position, and both stop at the edges."""
+        positions = ((self.display.width - 1, self.display.height - 1), (0, 0), self.empty_position_on_panel())
+        for x, y in positions:
             self.display.run("xdotool", "mousemove", str(x), str(y))
 
-    def empty_place_of_panel(self) -> tuple[int, int]:
-        """Where the pointer, which belongs to the picture, is in nobody's way."""
+    def empty_position_on_panel(self) -> tuple[int, int]:
+        """Here the pointer, which is part of the picture, covers nothing that a test reads."""
         return self.display.width // 2, 2
 
     def backend(self) -> list[str]:
         size = [f"--width={self.display.width}", f"--height={self.display.height}"]
         return ["--backend=x11-backend.so", "--use-pixman", *size]
 
-    def environment(self) -> dict[str, str]:
+    def variables(self) -> dict[str, str]:
         sockets = {"XDG_RUNTIME_DIR": str(self._scratch.path), "WAYLAND_DISPLAY": self.socket}
-        return environment_without_display() | sockets | {"QT_QPA_PLATFORM": "wayland"}
+        return variables_without_display() | sockets | {"QT_QPA_PLATFORM": "wayland"}
 
-    def program_has_keys(self) -> bool:
-        """From the first picture on."""
+    def program_has_focus(self) -> bool:
+        """A window has the focus as soon as it is shown."""
         return True
 
-    def break_down(self) -> None:
+    def kill_display_server(self) -> None:
         self._compositor.kill()
         self._compositor.wait()
 
@@ -180,8 +188,8 @@ locking=false
         self._scratch.cleanup()
 
 
-class WestonWithoutScreen(Weston):
-    """Nothing can be seen or pressed there."""
+class HeadlessWeston(Weston):
+    """Has no screen: no pictures, no keys and no clicks."""
 
     def is_ready(self) -> bool:
         return (self._scratch.path / self.socket).exists()

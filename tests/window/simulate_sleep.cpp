@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Loaded before the program, it makes it believe, on SIGUSR1, that the machine has slept for an hour: the
-// clocks that go on meanwhile are an hour ahead from then on, and the one that stands still knows nothing of
-// it.
+// Preloaded into the program with LD_PRELOAD. SIGUSR1 simulates that the machine has slept for an hour: from
+// then on, the clocks that run during sleep are one hour ahead. The monotonic clock is not changed.
 
 #include <atomic>
 #include <csignal>
@@ -16,18 +15,18 @@ namespace {
 
 constexpr time_t hour = 3600; // seconds
 
-std::atomic<bool> hasSlept; // set by the signal
+std::atomic<bool> hasSlept; // set by the signal handler
 static_assert(std::atomic<bool>::is_always_lock_free);
 
-void sleepAnHour(int /*signal*/) { hasSlept = true; }
+void sleepForAnHour(int /*signal*/) { hasSlept = true; }
 
-bool goesOnInSleep(clockid_t clock) {
+bool runsDuringSleep(clockid_t clock) {
   return clock == CLOCK_REALTIME || clock == CLOCK_REALTIME_COARSE || clock == CLOCK_BOOTTIME;
 }
 
-[[gnu::constructor]] void listen() {
+[[gnu::constructor]] void installSignalHandler() {
   struct sigaction action {};
-  action.sa_handler = sleepAnHour;
+  action.sa_handler = sleepForAnHour;
   action.sa_flags = SA_RESTART;
   sigaction(SIGUSR1, &action, nullptr);
 }
@@ -38,7 +37,7 @@ extern "C" {
 
 int clock_gettime(clockid_t clock, timespec* time) noexcept {
   const auto result = static_cast<int>(syscall(SYS_clock_gettime, clock, time));
-  if (result == 0 && hasSlept && goesOnInSleep(clock)) time->tv_sec += hour;
+  if (result == 0 && hasSlept && runsDuringSleep(clock)) time->tv_sec += hour;
   return result;
 }
 

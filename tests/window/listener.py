@@ -1,0 +1,102 @@
+# SPDX-License-Identifier: MIT
+"""Reads the accessibility tree and receives announcements over the accessibility bus, as a screen reader does."""
+
+import time
+from collections.abc import Callable
+from typing import TypeVar
+
+import pyatspi
+from gi.repository import GLib
+
+from desktop import TIMEOUT, WaitFailed
+
+SHOWN = "object:state-changed:showing"
+Found = TypeVar("Found")
+
+
+class Listener:
+    """A client of the accessibility bus. Starts that bus if necessary, so create it before the program starts."""
+
+    def __init__(self) -> None:
+        self._announcements: list[str] = []
+        pyatspi.Registry.registerEventListener(self._on_event, SHOWN)
+
+    def close(self) -> None:
+        pyatspi.Registry.deregisterEventListener(self._on_event, SHOWN)
+
+    def _on_event(self, event: "pyatspi.event.Event") -> None:
+        if event.detail1 == 1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+            self._announcements.append(event.source.name)
+
+    # ---- Announcements ------------------------------------------------------------------------------------
+
+    def wait_for_announcement(self, what: str, matches: Callable[[str], object]) -> str:
+        """Returns the first announcement that matches. Discards those before it."""
+        received: list[str] = []
+
+        def is_received() -> bool:
+            self._process_events()
+            while self._announcements:
+                received.append(self._announcements.pop(0))
+                if matches(received[-1]):
+                    return True
+            return False
+
+        _wait_until(is_received, lambda: f"no announcement of {what}, only: {received}")
+        return received[-1]
+
+    @staticmethod
+    def _process_events() -> None:
+        context = GLib.MainContext.default()
+        while context.iteration(False):
+            pass
+
+    # ---- The tree -----------------------------------------------------------------------------------------
+
+    def wait_for_screen(self, name: str) -> pyatspi.Accessible:
+        """Waits until the screen of this name is showing."""
+
+        def showing() -> list[pyatspi.Accessible]:
+            self._process_events()
+            return [page for page in self._pages() if page.name == name and is_showing(page)]
+
+        return _wait_until(showing, lambda: f"no screen {name} in {[page.name for page in self._pages()]}")[0]
+
+    def texts(self, screen: str) -> list[str]:
+        """The texts on the drawing surface of a screen, from top to bottom."""
+        parts = descendants(self.wait_for_screen(screen))
+        surface = next(part for part in parts if part.getRole() == pyatspi.ROLE_CANVAS)
+        children = [surface.getChildAtIndex(index) for index in range(surface.childCount)]
+        labels = [child.name for child in children if child is not None and child.getRole() == pyatspi.ROLE_LABEL]
+        return [text for text in labels if text not in ("", "Chiffrolo")]
+
+    def press_button(self, screen: str, name: str) -> None:
+        """Uses the accessible action of the button."""
+        button = next(part for part in descendants(self.wait_for_screen(screen)) if part.name == name)
+        action = button.queryAction()
+        index = [action.getName(number) for number in range(action.nActions)].index("Press")
+        action.doAction(index)
+
+    @staticmethod
+    def _pages() -> list[pyatspi.Accessible]:
+        desktop = pyatspi.Registry.getDesktop(0)
+        return [page for program in desktop if program for window in program if window for page in window if page]
+
+
+def descendants(element: pyatspi.Accessible) -> list[pyatspi.Accessible]:
+    children = [child for child in element if child is not None]
+    return children + [further for child in children for further in descendants(child)]
+
+
+def is_showing(element: pyatspi.Accessible) -> bool:
+    return element.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def _wait_until(find: Callable[[], Found], failure: Callable[[], str]) -> Found:
+    """Returns the first result of `find` that is true. `failure` is the message after a timeout."""
+    end = time.monotonic() + TIMEOUT
+    while not (found := find()):
+        if time.monotonic() > end:
+            raise WaitFailed(failure())
+        time.sleep(0.01)
+    return found
