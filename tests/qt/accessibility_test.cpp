@@ -7,16 +7,16 @@ namespace chiffrolo::qt {
 
 namespace {
 
-class ScreenReader : public FrontEnd {
+class AccessibilityTree : public FrontEnd {
 protected:
-  ScreenReader() {
+  AccessibilityTree() {
     QAccessible::setActive(true);
-    drill_->activate();
+    exercise_->activate();
   }
-  ~ScreenReader() override { QAccessible::setActive(false); }
+  ~AccessibilityTree() override { QAccessible::setActive(false); }
 
-  void pressKey() {
-    press(Qt::Key_7, "7");
+  void pressKeyAndUpdate() {
+    pressKey(Qt::Key_7, "7");
     QCoreApplication::processEvents();
   }
 
@@ -25,8 +25,8 @@ protected:
   }
   QAccessibleInterface& notification() { return *surface().child(surface().childCount() - 1); }
 
-  /// The names of what lies on the surface, of what has one.
-  std::string names() {
+  /// The names of the surface's children, without empty ones. Checks the index and parent of every child.
+  std::string childNames() {
     std::string all;
     for (int index = 0; index < surface().childCount(); ++index) {
       const auto name = surface().child(index)->text(QAccessible::Name).toStdString();
@@ -38,48 +38,48 @@ protected:
   }
 };
 
-TEST_F(ScreenReader, findsTextsAndControls) {
+TEST_F(AccessibilityTree, containsTextsAndControls) {
   program_.texts = {{"47 plus 35 égale ?", {60, 80}, {200, 110}}, {"FAUX", {400, 90}, {440, 110}}};
-  pressKey();
-  EXPECT_EQ(names(), "47 plus 35 égale ? | FAUX | Continuer | Chiffrolo");
+  pressKeyAndUpdate();
+  EXPECT_EQ(childNames(), "47 plus 35 égale ? | FAUX | Continuer | Chiffrolo");
   const QPoint corner = host().mapToGlobal(QPoint{});
   EXPECT_EQ(surface().child(0)->rect(), QRect(81, 132, 187, 41).translated(corner))
-      << "96 pixels to 72 points, beside the frame and below the title";
+      << "72 points are 96 pixels; the frame is on the left, the title bar above";
   EXPECT_EQ(surface().parent()->parent()->text(QAccessible::Name), "Additions");
   EXPECT_EQ(surface().parent()->parent()->parent()->role(), QAccessible::Window);
   EXPECT_EQ(notification().role(), QAccessible::Notification);
 }
 
-TEST_F(ScreenReader, seesTextsComeChangeAndGo) {
+TEST_F(AccessibilityTree, containsOnlyTheCurrentTexts) {
   program_.texts = {{"47 plus 35 égale ?", {}, {}}};
-  pressKey();
-  const auto* const line = surface().child(0);
+  pressKeyAndUpdate();
+  const auto* const element = surface().child(0);
   program_.texts = {{"47 plus 35 égale 8 ?", {}, {}}, {"FAUX", {}, {}}};
-  pressKey();
-  EXPECT_EQ(names(), "47 plus 35 égale 8 ? | FAUX | Continuer | Chiffrolo");
-  EXPECT_EQ(surface().child(0), line) << "the same element under another name";
+  pressKeyAndUpdate();
+  EXPECT_EQ(childNames(), "47 plus 35 égale 8 ? | FAUX | Continuer | Chiffrolo");
+  EXPECT_EQ(surface().child(0), element) << "a changed text keeps its element";
   program_.texts.clear();
-  pressKey();
-  EXPECT_EQ(names(), "Continuer | Chiffrolo");
+  pressKeyAndUpdate();
+  EXPECT_EQ(childNames(), "Continuer | Chiffrolo");
 }
 
-TEST_F(ScreenReader, isToldTheNewsByANotification) {
-  EXPECT_TRUE(notification().state().invisible) << "nothing to say yet";
+TEST_F(AccessibilityTree, containsTheAnnouncementAsANotification) {
+  EXPECT_TRUE(notification().state().invisible) << "nothing is announced yet";
   program_.announcement = "Bravo";
-  pressKey();
-  pressKey();
+  pressKeyAndUpdate();
+  pressKeyAndUpdate();
   EXPECT_EQ(notification().text(QAccessible::Name), "Bravo");
   EXPECT_FALSE(notification().state().invisible);
   program_.announcement = "trop tard";
-  ticking(Switch::on);
+  switchTimer(Switch::on);
   EXPECT_TRUE(QTest::qWaitFor([&] { return notification().text(QAccessible::Name) == "trop tard"; }));
 }
 
-TEST_F(ScreenReader, isNotServedUnlessItListens) {
+TEST_F(AccessibilityTree, isNotUpdatedWhileNoScreenReaderIsRunning) {
   QAccessible::setActive(false);
   program_.announcement = "Bravo";
-  pressKey();
-  EXPECT_EQ(program_.announcement, "Bravo") << "not even asked for";
+  pressKeyAndUpdate();
+  EXPECT_EQ(program_.announcement, "Bravo") << "the announcement is not taken";
 }
 
 } // namespace

@@ -18,8 +18,8 @@ using enum ScreenName;
 inline constexpr Font face{"Times New Roman", 18};
 inline constexpr Colour white{255, 255, 255};
 
-// A screen with buttons and one without, each control named by its index in the layout.
-inline constexpr std::array homeControls{
+// The home screen has buttons, the exercise has none.
+inline constexpr std::array homeScreenControls{
     ControlLayout{.kind = ControlKind::button, .name = "first", .place = {0, 300, 3000, 600}, .font = face},
     ControlLayout{.kind = ControlKind::button, .name = "second", .place = {0, 900, 3000, 600}, .font = face},
     ControlLayout{.kind = ControlKind::button,
@@ -33,7 +33,7 @@ inline constexpr ControlIndex arrow = 0;
 inline constexpr ControlIndex stop = 1;
 inline constexpr ControlIndex label = 2;
 inline constexpr ControlIndex timer = 3;
-inline constexpr std::array drillControls{
+inline constexpr std::array exerciseControls{
     ControlLayout{.kind = ControlKind::image,
                   .name = "arrow",
                   .place = {1500, 0, 480, 480},
@@ -55,60 +55,63 @@ inline constexpr std::array drillControls{
 };
 
 inline constexpr Colour blue{0, 0, 255};
-inline constexpr QRgb blueDot = qRgb(0, 0, 255);
+inline constexpr QRgb bluePixel = qRgb(0, 0, 255);
 inline constexpr QRgb labelBackground = qRgb(255, 255, 224);
 
-inline constexpr ScreenLayout homeLayout{accueil, "", "Accueil", Frame::frameless, face, white, homeControls};
-inline constexpr ScreenLayout drillLayout{addition, "Exercice", "Additions",  Frame::toolWindow,
-                                          face,     white,      drillControls};
+inline constexpr ScreenLayout homeScreenLayout{accueil, "",    "Accueil",         Frame::frameless,
+                                               face,    white, homeScreenControls};
+inline constexpr ScreenLayout exerciseLayout{addition, "Exercice", "Additions",     Frame::toolWindow,
+                                             face,     white,      exerciseControls};
 
-/// Two screens in a real window that nobody sees; that with the buttons is active.
+/// A home screen and an exercise in a host window on the offscreen platform. The home screen is active.
 class FrontEnd : public testing::Test {
 protected:
   FrontEnd() {
-    home_->activate();
-    ticking(Switch::off);
-    QCoreApplication::processEvents(); // the answer of the window system, which maximizes the window
+    homeScreen_->activate();
+    switchTimer(Switch::off);
+    QCoreApplication::processEvents(); // lets the window system maximize the window
   }
 
-  void ticking(Switch on) { on == Switch::on ? drill_->startTimer(timer, 5ms) : drill_->stopTimer(timer); }
+  void switchTimer(Switch state) {
+    state == Switch::on ? exercise_->startTimer(timer, 5ms) : exercise_->stopTimer(timer);
+  }
   QWidget& host() { return *QApplication::topLevelWidgets().constFirst(); }
-  void press(Qt::Key key, const QString& text = {}) {
+  void pressKey(Qt::Key key, const QString& text = {}) {
     QTest::sendKeyEvent(QTest::Click, host().windowHandle(), key, text, Qt::NoModifier);
   }
-  /// Of the key at that place of the keyboard.
+  /// `scanCode` identifies the physical key.
   void sendKey(QEvent::Type type, Qt::Key key, quint32 scanCode, const QString& text,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier, bool isRepeat = false) {
     QKeyEvent sent{type, key, modifiers, scanCode, 0, 0, text, isRepeat};
     QCoreApplication::sendEvent(host().windowHandle(), &sent);
   }
-  /// Anywhere: what lies there gets the click.
+  /// In pixels of the host window.
   void clickAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(host().windowHandle(), button, Qt::NoModifier, {x, y});
   }
   void clickCloseBox() { clickAt(host().width() - 12, 12); }
   void clickArrow() { clickAt(100 + 1 + 16, 26 + 16); }
   QRgb pixel(int x, int y) { return host().grab().toImage().pixel(x, y); }
-  void passTime() { QTest::qWait(40); }
-  void zoom(Qt::Key key) {
+  void waitBriefly() { QTest::qWait(40); }
+  void pressZoomKey(Qt::Key key) {
     QTest::sendKeyEvent(QTest::Click, host().windowHandle(), key, {}, Qt::ControlModifier);
   }
   void turnWheel(QPoint angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWheelEvent event{{200, 200}, {200, 200}, {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false};
     event.ignore();
     for (QWidget* widget = host().childAt(200, 200); !event.isAccepted() && widget != nullptr;
-         widget = widget->parentWidget()) // Qt does so only with those of a real wheel
+         widget = widget->parentWidget()) // Qt passes only events of a real wheel to the parents
       QCoreApplication::sendEvent(widget, &event);
   }
-  /// Where that colour is seen.
-  QRect seen(QRgb colour) {
-    return areaOf(host().grab().toImage(), [&](QRgb dot) { return dot == colour; });
+  /// The bounding rectangle of the pixels of that colour in the host window.
+  QRect areaOfColour(QRgb colour) {
+    return boundingRect(host().grab().toImage(), [&](QRgb pixel) { return pixel == colour; });
   }
 
   QtPlatform platform_;
   test::FakeProgram program_;
-  std::unique_ptr<Window> home_ = platform_.createWindow(homeLayout, program_);
-  std::unique_ptr<Window> drill_ = platform_.createWindow(drillLayout, program_);
+  std::unique_ptr<Window> homeScreen_ = platform_.createWindow(homeScreenLayout, program_);
+  std::unique_ptr<Window> exercise_ = platform_.createWindow(exerciseLayout, program_);
 };
 
 } // namespace chiffrolo::qt

@@ -6,12 +6,12 @@
 
 namespace chiffrolo::qt {
 
-/// The rectangle that holds all dots that are meant.
-template <typename Predicate> QRect areaOf(const QImage& image, Predicate isMeant) {
+/// The bounding rectangle of the pixels that `matches` accepts.
+template <typename Predicate> QRect boundingRect(const QImage& image, Predicate matches) {
   QRect area;
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x)
-      if (isMeant(image.pixel(x, y))) area |= QRect{x, y, 1, 1};
+      if (matches(image.pixel(x, y))) area |= QRect{x, y, 1, 1};
   return area;
 }
 

@@ -19,11 +19,11 @@ constexpr quint32 nativeShift = 1;
 constexpr quint32 nativeLock = 2;
 constexpr quint32 nativeAltGr = 0x80;
 
-/// Some key that types this, or nothing.
+/// A key without a code of its own.
 constexpr KeyStroke types(char32_t character) { return {keyCode::other, character}; }
 constexpr KeyStroke typesNothing{keyCode::other, std::nullopt};
 
-struct Row {
+struct KeyRow {
   const char* name;
   int key;
   Qt::KeyboardModifiers modifiers;
@@ -33,49 +33,49 @@ struct Row {
   quint32 nativeModifiers{};
 };
 
-// With scan codes: as seen on the platforms for X11 and Wayland with French, Belgian, Swiss, Canadian and
-// bépo layouts.
-const Row rows[]{
+// The rows with scan codes contain what Qt reports on X11 and Wayland with French, Belgian, Swiss, Canadian
+// and bépo layouts.
+const KeyRow keyRows[]{
     {"digit", Qt::Key_7, plain, "7", types(U'7')},
     {"apostrophe", Qt::Key_Apostrophe, plain, "'", types(U'\'')},
-    {"beyondTheFirst65536", Qt::Key_unknown, plain, "😀", typesNothing},
-    {"alt", Qt::Key_7, Qt::AltModifier, "7", typesNothing},
-    {"meta", Qt::Key_7, Qt::MetaModifier, "7", typesNothing},
+    {"characterAboveFFFF", Qt::Key_unknown, plain, "😀", typesNothing},
+    {"digitWithAlt", Qt::Key_7, Qt::AltModifier, "7", typesNothing},
+    {"digitWithMeta", Qt::Key_7, Qt::MetaModifier, "7", typesNothing},
     {"enter", Qt::Key_Return, plain, "\r", KeyStroke{keyCode::enter, U'\r'}},
     {"keypadEnter", Qt::Key_Enter, onKeypad, "\r", KeyStroke{keyCode::enter, U'\r'}},
-    {"carriageReturnByControl", Qt::Key_M, control, "\r", typesNothing},
+    {"controlM", Qt::Key_M, control, "\r", typesNothing},
     {"backspace", Qt::Key_Backspace, plain, "\b", types(U'\b')},
     {"escape", Qt::Key_Escape, plain, "\33", types(char32_t{27})},
-    {"right", Qt::Key_Right, plain, "", KeyStroke{keyCode::right, std::nullopt}},
+    {"rightArrow", Qt::Key_Right, plain, "", KeyStroke{keyCode::right, std::nullopt}},
     {"delete", Qt::Key_Delete, plain, "\177", typesNothing},
     {"shiftAlone", Qt::Key_Shift, shift, "", std::nullopt},
     {"altGrAlone", Qt::Key_AltGr, plain, "", std::nullopt},
     {"capsLockAlone", Qt::Key_CapsLock, plain, "", std::nullopt},
-    {"firstOfTheRow", Qt::Key_Ampersand, plain, "&", types(U'1'), 10},
-    {"lastOfTheRow", Qt::Key_Agrave, plain, "à", types(U'0'), 19},
-    {"beforeTheRow", Qt::Key_A, plain, "a", types(U'a'), 9},
-    {"behindTheRow", Qt::Key_ParenRight, plain, ")", types(U')'), 20},
-    {"equalsInTheRow", Qt::Key_Equal, plain, "=", types(U'='), 10},
-    {"deadKeyOfTheRow", Qt::Key_Dead_Circumflex, plain, "", types(U'6'), 15},
-    {"capsLock", Qt::Key_Eacute, plain, "É", types(U'2'), 11, nativeLock},
-    {"shifted", Qt::Key_5, shift, "5", types(U'5'), 14, nativeShift},
-    {"shiftedSign", Qt::Key_Exclam, shift, "!", types(U'!'), 10, nativeShift},
-    {"digitElsewhere", Qt::Key_1, plain, "1", types(U'1'), 14},
-    {"otherDigitOfUnicode", Qt::Key_unknown, plain, "٣", types(U'٣'), 40},
-    {"otherDigitInTheRow", Qt::Key_unknown, plain, "٤", types(U'3'), 12},
-    {"control", Qt::Key_Ampersand, control, "&", typesNothing, 10},
+    {"firstKeyOfDigitRow", Qt::Key_Ampersand, plain, "&", types(U'1'), 10},
+    {"lastKeyOfDigitRow", Qt::Key_Agrave, plain, "à", types(U'0'), 19},
+    {"keyBeforeDigitRow", Qt::Key_A, plain, "a", types(U'a'), 9},
+    {"keyAfterDigitRow", Qt::Key_ParenRight, plain, ")", types(U')'), 20},
+    {"equalsSignInDigitRow", Qt::Key_Equal, plain, "=", types(U'='), 10},
+    {"deadKeyInDigitRow", Qt::Key_Dead_Circumflex, plain, "", types(U'6'), 15},
+    {"digitRowWithCapsLock", Qt::Key_Eacute, plain, "É", types(U'2'), 11, nativeLock},
+    {"digitRowWithShift", Qt::Key_5, shift, "5", types(U'5'), 14, nativeShift},
+    {"signInDigitRowWithShift", Qt::Key_Exclam, shift, "!", types(U'!'), 10, nativeShift},
+    {"digitOnKeyOfAnotherDigit", Qt::Key_1, plain, "1", types(U'1'), 14},
+    {"arabicIndicDigit", Qt::Key_unknown, plain, "٣", types(U'٣'), 40},
+    {"arabicIndicDigitInDigitRow", Qt::Key_unknown, plain, "٤", types(U'3'), 12},
+    {"digitRowWithControl", Qt::Key_Ampersand, control, "&", typesNothing, 10},
     {"altGrOnX11", Qt::Key_At, altGr, "@", types(U'@'), 19, nativeAltGr},
     {"altGrOnWayland", Qt::Key_At, plain, "@", types(U'@'), 19, nativeAltGr},
-    {"altGrNextToADigit", Qt::Key_1, altGr, "1", typesNothing, 10, nativeAltGr},
-    {"keypadWithShift", Qt::Key_End, shift | onKeypad, "", types(U'1'), 87, nativeShift},
+    {"digitWithAltGr", Qt::Key_1, altGr, "1", typesNothing, 10, nativeAltGr},
+    {"keypad1WithShift", Qt::Key_End, shift | onKeypad, "", types(U'1'), 87, nativeShift},
     {"keypad6OnWayland", Qt::Key_Right, plain, "", types(U'6'), 85},
     {"keypad6WithControl", Qt::Key_Right, control | onKeypad, "", typesNothing, 85},
-    {"keypadSeparator", Qt::Key_Delete, onKeypad, "", typesNothing, 91},
-    {"leftBesideTheKeypad", Qt::Key_Left, plain, "", typesNothing, 113},
+    {"keypadDecimalSeparator", Qt::Key_Delete, onKeypad, "", typesNothing, 91},
+    {"leftArrowOutsideKeypad", Qt::Key_Left, plain, "", typesNothing, 113},
 };
 
-TEST(Keys, areTranslated) {
-  for (const auto& row : rows) {
+TEST(Keys, areTranslatedToKeyStrokes) {
+  for (const auto& row : keyRows) {
     const auto text = QString::fromUtf8(row.text);
     const QKeyEvent press{QEvent::KeyPress,    row.key, row.modifiers, row.scanCode, 0,
                           row.nativeModifiers, text};
@@ -83,8 +83,8 @@ TEST(Keys, areTranslated) {
   }
 }
 
-/// Row by row, from the left, as they lie there.
-TEST(KeysOfTheKeypad, areDigitsWithoutNumLock) {
+/// From the top left key of the keypad to the bottom right one.
+TEST(KeypadKeys, typeDigitsWithoutNumLock) {
   constexpr std::array keys{Qt::Key_Home,  Qt::Key_Up,  Qt::Key_PageUp, Qt::Key_Left,     Qt::Key_Clear,
                             Qt::Key_Right, Qt::Key_End, Qt::Key_Down,   Qt::Key_PageDown, Qt::Key_Insert};
   std::u32string typed;
@@ -93,13 +93,13 @@ TEST(KeysOfTheKeypad, areDigitsWithoutNumLock) {
   EXPECT_EQ(typed, U"7894561230");
 }
 
-TEST(KeysOfOtherPlatforms, haveNoDigitRow) {
+TEST(KeysOnOtherPlatforms, areTranslatedWithoutScanCodes) {
   const QKeyEvent press{QEvent::KeyPress, Qt::Key_Ampersand, plain, 10, 0, 0, QStringLiteral("&")};
-  EXPECT_EQ(nativeCodes(), NativeCodes::notKnown) << "these tests have a platform of their own";
+  EXPECT_EQ(nativeCodes(), NativeCodes::notKnown) << "the tests use the offscreen platform";
   EXPECT_EQ(translateKey(press), types(U'&'));
 }
 
-// ---- Keys that zoom ----------------------------------------------------------------------------------
+// ---- Zoom keys ---------------------------------------------------------------------------------------
 
 using enum ZoomStep;
 
@@ -121,17 +121,17 @@ const ZoomRow zoomRows[]{
     {"keypadZeroWithoutNumLock", Qt::Key_Insert, control | onKeypad, 90, normal},
     {"insert", Qt::Key_Insert, control, 118, std::nullopt},
     {"zeroWithoutControl", Qt::Key_Agrave, plain, 19, std::nullopt},
-    {"altGr", Qt::Key_0, control | Qt::AltModifier, 19, std::nullopt},
+    {"zeroWithControlAndAlt", Qt::Key_0, control | Qt::AltModifier, 19, std::nullopt},
 };
 
-TEST(ZoomKeys, areKnown) {
+TEST(ZoomKeys, areTranslatedToZoomSteps) {
   for (const auto& row : zoomRows)
     EXPECT_EQ(zoomStep({QEvent::KeyPress, row.key, row.modifiers, row.scanCode, 0, 0}, NativeCodes::ofX11),
               row.expected)
         << row.name;
 }
 
-TEST(Zoom, staysBetweenOneAndThree) {
+TEST(Zoom, factorStaysBetweenOneAndThree) {
   Zoom zoom;
   zoom.take(smaller);
   EXPECT_EQ(zoom.factor(), 1);
@@ -144,7 +144,7 @@ TEST(Zoom, staysBetweenOneAndThree) {
   EXPECT_EQ(zoom.factor(), 1);
 }
 
-// ---- Keys that are held down -------------------------------------------------------------------------
+// ---- Auto-repeat -------------------------------------------------------------------------------------
 
 using enum KeyRepeatFilter::Origin;
 using enum KeyRepeatFilter::Verdict;
@@ -160,34 +160,35 @@ protected:
   KeyRepeatFilter filter_;
 };
 
-TEST_F(KeyRepeat, countsOnTheScreenOfTheFreshPressOnly) {
+TEST_F(KeyRepeat, countsOnlyOnTheScreenOfItsFirstPress) {
   EXPECT_EQ(filter_.press(enterKey, 1300, autoRepeat, addition), counts);
   EXPECT_EQ(filter_.press(enterKey, 1330, autoRepeat, FIN), dropped);
   EXPECT_EQ(filter_.press(enterKey, 1360, autoRepeat, FIN), dropped);
-  EXPECT_EQ(filter_.press(spaceKey, 1390, autoRepeat, addition), dropped) << "its fresh press was never seen";
+  EXPECT_EQ(filter_.press(spaceKey, 1390, autoRepeat, addition), dropped)
+      << "its first press was not received";
 }
 
-TEST_F(KeyRepeat, isKnownByItsTimeWhenItIsNotMarked) {
+TEST_F(KeyRepeat, unmarkedRepeatIsDetectedByItsTimestamp) {
   filter_.release(enterKey, 1300, hand);
   EXPECT_EQ(filter_.press(enterKey, 1301, hand, FIN), dropped);
   filter_.release(enterKey, 1330, hand);
   EXPECT_EQ(filter_.press(enterKey, 1330, hand, FIN), dropped);
 }
 
-TEST_F(KeyRepeat, endsWithTheRelease) {
+TEST_F(KeyRepeat, releaseEndsTheRepeat) {
   filter_.release(enterKey, 1300, hand);
   EXPECT_EQ(filter_.press(spaceKey, 1300, hand, FIN), counts) << "another key";
   EXPECT_EQ(filter_.press(enterKey, 1302, hand, FIN), counts);
   EXPECT_EQ(filter_.press(enterKey, 1600, autoRepeat, FIN), counts);
 }
 
-/// While a screen reader listens, Qt passes keys on without their times.
-TEST_F(KeyRepeat, isNotTakenForOneWithoutTimes) {
+/// While a screen reader is running, Qt reports keys without timestamps.
+TEST_F(KeyRepeat, pressWithoutTimestampIsNotARepeat) {
   filter_.release(enterKey, KeyRepeatFilter::unknown, hand);
   EXPECT_EQ(filter_.press(enterKey, KeyRepeatFilter::unknown, hand, FIN), counts);
 }
 
-TEST_F(KeyRepeat, isNoneAfterAMarkedRelease) {
+TEST_F(KeyRepeat, unmarkedPressAfterAMarkedReleaseIsNotARepeat) {
   filter_.release(enterKey, 1300, autoRepeat);
   EXPECT_EQ(filter_.press(enterKey, 1300, hand, FIN), counts);
 }

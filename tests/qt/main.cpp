@@ -8,7 +8,7 @@
 
 namespace {
 
-/// From left to right, with one dot to a pixel, one and a half, and two.
+/// Three screens, from left to right, with pixel ratios of 1, 1.5 and 2.
 constexpr const char* screens = R"({"synchronousWindowSystemEvents": false, "screens": [
   {"name": "1", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
   {"name": "1.5", "x": 1280, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1.5},
@@ -16,7 +16,7 @@ constexpr const char* screens = R"({"synchronousWindowSystemEvents": false, "scr
 
 } // namespace
 
-/// Without a display, so that the tests run anywhere and no hand or window manager has a part in them.
+/// The tests use the offscreen platform: they need no display, and no user or window manager affects them.
 int main(int argc, char* argv[]) {
   testing::InitGoogleTest(&argc, argv);
   QTemporaryFile configuration;

@@ -18,17 +18,17 @@ struct Row {
 
 constexpr auto bold = Weight::bold;
 
-/// By the tables of the faces: a digit is 1/2 of the size in Times New Roman and 0.55615 in Arial.
+/// From the font tables: a digit is 1/2 of the size wide in Times New Roman, and 0.55615 of it in Arial.
 const Row rows[]{
     {"shortName", {"Times", 28, bold}, "7", 14},
-    {"anyCase", {"tIMES nEW rOMAN", 28, bold}, "7", 14},
-    {"blanks", {"Times", 28, bold}, " 7 ", 28},
+    {"nameInMixedCase", {"tIMES nEW rOMAN", 28, bold}, "7", 14},
+    {"textWithBlanks", {"Times", 28, bold}, " 7 ", 28},
     {"fractionalSize", {"Times", 15.75F}, "42", 15.75F},
-    {"withoutSerifs", {"Arial", 15.75F}, "1234", 35.038F},
-    {"captionFace", {"MS Sans Serif", 8.25F, bold}, "1234", 18.353F},
+    {"sansSerifFace", {"Arial", 15.75F}, "1234", 35.038F},
+    {"faceOfCaptions", {"MS Sans Serif", 8.25F, bold}, "1234", 18.353F},
 };
 
-TEST(Text, isAsWideAsInTheFaceItself) {
+TEST(Text, hasTheWidthOfItsFace) {
   FontCache fonts;
   for (const auto& row : rows) {
     const auto pixels = fonts.face(row.font).width(QString::fromUtf8(row.text));
@@ -48,25 +48,24 @@ TEST(Text, inAScriptFaceIsNotSlantedTwice) {
 
 // ---- Captions ----------------------------------------------------------------------------------------
 
-TEST(Captions, haveTheirOwnSizeOnEveryScreen) {
+TEST(Captions, fitInTheirDesignedSizeOnEveryScreen) {
   for (std::size_t screen = 0; screen < screenCount; ++screen)
-    for (const auto& row : layoutOf(static_cast<ScreenName>(screen)).controls) {
-      if (row.caption.empty()) continue;
-      const QFont fitting = fittingFont(row.font, toQt(row.caption), toPixels(row.place).size());
-      EXPECT_EQ(fitting.pixelSize(), captionFont(row.font).pixelSize()) << row.caption;
+    for (const auto& control : layoutOf(static_cast<ScreenName>(screen)).controls) {
+      if (control.caption.empty()) continue;
+      const QFont fitting = fittingFont(control.font, toQt(control.caption), toPixels(control.place).size());
+      EXPECT_EQ(fitting.pixelSize(), captionFont(control.font).pixelSize()) << control.caption;
     }
 }
 
-TEST(Captions, areSetSmallerUntilTheyFit) {
+TEST(Captions, haveASmallerFontIfTheyDoNotFit) {
   const Font font{"Times", 36};
   const QString caption = QStringLiteral("Au revoir");
-  const QSize oneLine{100, 48}; // 36 points are 48 pixels; the caption is 180 wide in its own size
+  const QSize oneLine{100, 48}; // 36 points are 48 pixels; in that size the caption is 180 pixels wide
   const QFontMetrics fitting{fittingFont(font, caption, oneLine)};
   EXPECT_LE(fitting.horizontalAdvance(caption), oneLine.width());
-  EXPECT_GT(fitting.horizontalAdvance(caption), oneLine.width() * 8 / 10) << "no smaller than it has to be";
+  EXPECT_GT(fitting.horizontalAdvance(caption), oneLine.width() * 8 / 10) << "not smaller than necessary";
   const QSize twoLines{100, 96};
-  EXPECT_GT(fittingFont(font, caption, twoLines).pixelSize(), fitting.ascent())
-      << "wrapped between its words";
+  EXPECT_GT(fittingFont(font, caption, twoLines).pixelSize(), fitting.ascent()) << "wrapped between words";
 }
 
 } // namespace

@@ -12,36 +12,36 @@ namespace chiffrolo::qt {
 
 namespace {
 
-// ---- What the learner does ---------------------------------------------------------------------------
+// ---- Keys, clicks and close requests -----------------------------------------------------------------
 
-TEST_F(FrontEnd, tellsKeys) {
-  drill_->activate();
-  press(Qt::Key_7, "7");
-  press(Qt::Key_Right);
-  press(Qt::Key_Tab, "\t");
-  press(Qt::Key_Shift);
+TEST_F(FrontEnd, reportsKeys) {
+  exercise_->activate();
+  pressKey(Qt::Key_7, "7");
+  pressKey(Qt::Key_Right);
+  pressKey(Qt::Key_Tab, "\t");
+  pressKey(Qt::Key_Shift);
   EXPECT_EQ(program_.takeEvents(), "key 0/55, key 39/-1, key 0/-1");
 }
 
-TEST_F(FrontEnd, tellsClicksOnButtonsAndVisibleImagesOnly) {
+TEST_F(FrontEnd, reportsClicksOnButtonsAndVisibleImagesOnly) {
   clickAt(10, 70);
   clickAt(10, 300);
-  EXPECT_EQ(program_.takeEvents(), "click 1") << "a button, and nothing";
-  drill_->activate();
+  EXPECT_EQ(program_.takeEvents(), "click 1") << "a button, then the empty surface";
+  exercise_->activate();
   clickAt(10, 100);
   clickAt(100 + 16, 26 + 16, Qt::RightButton);
   clickAt(216, 42);
-  EXPECT_EQ(program_.takeEvents(), "") << "a label, another button of the mouse, a hidden image";
-  drill_->setVisible(stop, Visibility::visible);
+  EXPECT_EQ(program_.takeEvents(), "") << "a label, the right mouse button, a hidden image";
+  exercise_->setVisible(stop, Visibility::visible);
   clickAt(216, 42);
   clickArrow();
-  drill_->setVisible(arrow, Visibility::hidden);
+  exercise_->setVisible(arrow, Visibility::hidden);
   clickArrow();
   EXPECT_EQ(program_.takeEvents(), "click 1, click 0");
 }
 
-TEST_F(FrontEnd, tellsWhenItIsClosed) {
-  drill_->activate();
+TEST_F(FrontEnd, reportsCloseRequests) {
+  exercise_->activate();
   const auto* const focus = host().focusWidget();
   clickCloseBox();
   EXPECT_EQ(host().focusWidget(), focus);
@@ -49,190 +49,192 @@ TEST_F(FrontEnd, tellsWhenItIsClosed) {
   EXPECT_EQ(program_.takeEvents(), "close, close");
 }
 
-TEST_F(FrontEnd, dropsTheRepeatsOfAKeyFromAnotherScreen) {
+TEST_F(FrontEnd, dropsAutoRepeatOfAKeyPressedOnAnotherScreen) {
   constexpr quint32 enterKey = 36;
-  drill_->activate();
+  exercise_->activate();
   sendKey(QEvent::KeyPress, Qt::Key_Return, enterKey, "\r");
   sendKey(QEvent::KeyPress, Qt::Key_Return, enterKey, "\r", Qt::NoModifier, true);
-  home_->activate();
+  homeScreen_->activate();
   sendKey(QEvent::KeyPress, Qt::Key_Return, enterKey, "\r", Qt::NoModifier, true);
   sendKey(QEvent::KeyRelease, Qt::Key_Return, enterKey, "\r");
   EXPECT_EQ(program_.takeEvents(), "key 13/13, key 13/13");
 }
 
-// ---- The focus of the buttons ------------------------------------------------------------------------
+// ---- Focus -------------------------------------------------------------------------------------------
 
-TEST_F(FrontEnd, movesTheFocusByTabAndGivesItBack) {
-  press(Qt::Key_Space, " ");
+TEST_F(FrontEnd, movesTheFocusByTabAndRestoresIt) {
+  pressKey(Qt::Key_Space, " ");
   EXPECT_EQ(program_.takeEvents(), "key 0/32, click 0");
-  press(Qt::Key_Tab, "\t");
+  pressKey(Qt::Key_Tab, "\t");
   EXPECT_EQ(program_.takeEvents(), "");
-  press(Qt::Key_Space, " ");
+  pressKey(Qt::Key_Space, " ");
   EXPECT_EQ(program_.takeEvents(), "key 0/32, click 1");
-  drill_->activate();
-  home_->activate();
-  passTime(); // or else the key would be taken for a repeat
-  press(Qt::Key_Enter, "\r");
-  press(Qt::Key_Backtab, "\t");
-  press(Qt::Key_Return, "\r");
+  exercise_->activate();
+  homeScreen_->activate();
+  waitBriefly(); // otherwise the key would be taken for auto-repeat
+  pressKey(Qt::Key_Enter, "\r");
+  pressKey(Qt::Key_Backtab, "\t");
+  pressKey(Qt::Key_Return, "\r");
   EXPECT_EQ(program_.takeEvents(), "key 13/13, click 1, key 13/13, click 0");
 }
 
-TEST_F(FrontEnd, clicksNoButtonByAKeyThatIsUsedUp) {
+TEST_F(FrontEnd, clicksNoButtonIfTheKeyChangedTheScreen) {
   program_.keyUse = Events::KeyUse::screenChanged;
-  press(Qt::Key_Space, " ");
-  press(Qt::Key_Return, "\r");
+  pressKey(Qt::Key_Space, " ");
+  pressKey(Qt::Key_Return, "\r");
   EXPECT_EQ(program_.takeEvents(), "key 0/32, key 13/13");
 }
 
-TEST_F(FrontEnd, clicksNoButtonByTheReleaseOfAKeyThatLedHome) {
-  drill_->activate();
-  program_.react = [this] { home_->activate(); };
-  press(Qt::Key_Space, " ");
+TEST_F(FrontEnd, clicksNoButtonOnReleaseOfAKeyPressedOnAnotherScreen) {
+  exercise_->activate();
+  program_.react = [this] { homeScreen_->activate(); };
+  pressKey(Qt::Key_Space, " ");
   EXPECT_EQ(program_.takeEvents(), "key 0/32");
 }
 
-// ---- A window that goes inside one of its own events -------------------------------------------------
+// ---- Windows destroyed during their own events -------------------------------------------------------
 
-/// What happens first to the active drill destroys it, and shows the home screen.
+/// The first event of the active exercise destroys its window and activates the home screen.
 class DestroyedWindow : public FrontEnd {
 protected:
   DestroyedWindow() {
-    drill_->activate();
+    exercise_->activate();
     program_.react = [this] {
-      drill_.reset();
-      home_->activate();
+      exercise_.reset();
+      homeScreen_->activate();
       program_.react = [] {};
     };
   }
-  void expectToldOnly(const std::string& event) {
+  void expectOnlyReport(const std::string& event) {
     EXPECT_EQ(program_.takeEvents(), event);
-    EXPECT_EQ(seen(labelBackground), QRect());
+    EXPECT_EQ(areaOfColour(labelBackground), QRect());
     clickArrow();
-    passTime();
-    EXPECT_EQ(program_.takeEvents(), "click 0"); // the button that lies where the arrow was
+    waitBriefly();
+    EXPECT_EQ(program_.takeEvents(), "click 0"); // the button at the position of the arrow
   }
 };
 
-TEST_F(DestroyedWindow, byAKey) {
-  press(Qt::Key_7, "7");
-  expectToldOnly("key 0/55");
+TEST_F(DestroyedWindow, reportsNothingAfterTheKey) {
+  pressKey(Qt::Key_7, "7");
+  expectOnlyReport("key 0/55");
 }
 
-TEST_F(DestroyedWindow, byAClick) {
+TEST_F(DestroyedWindow, reportsNothingAfterTheClick) {
   clickArrow();
-  expectToldOnly("click 0");
+  expectOnlyReport("click 0");
 }
 
-TEST_F(DestroyedWindow, byItsCloseBox) {
+TEST_F(DestroyedWindow, reportsNothingAfterTheCloseRequest) {
   clickCloseBox();
-  expectToldOnly("close");
+  expectOnlyReport("close");
 }
 
-TEST_F(DestroyedWindow, byATick) {
-  ticking(Switch::on);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drill_ == nullptr; }));
-  expectToldOnly("tick 3");
+TEST_F(DestroyedWindow, reportsNothingAfterTheTick) {
+  switchTimer(Switch::on);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return exercise_ == nullptr; }));
+  expectOnlyReport("tick 3");
 }
 
-TEST_F(DestroyedWindow, beforeAnotherIsActive) {
-  drill_.reset();
-  EXPECT_EQ(seen(labelBackground), QRect());
-  press(Qt::Key_7, "7");
-  home_->activate();
+TEST_F(DestroyedWindow, reportsNothingBeforeAnotherIsActive) {
+  exercise_.reset();
+  EXPECT_EQ(areaOfColour(labelBackground), QRect());
+  pressKey(Qt::Key_7, "7");
+  homeScreen_->activate();
   for (auto* const button : host().findChildren<QAbstractButton*>())
     if (!button->isVisible()) button->click();
-  passTime();
+  waitBriefly();
   EXPECT_EQ(program_.takeEvents(), "");
 }
 
-// ---- Time and size -----------------------------------------------------------------------------------
+// ---- Timers and size ---------------------------------------------------------------------------------
 
-TEST_F(FrontEnd, ticksWhetherOrNotInFront) {
+TEST_F(FrontEnd, reportsTicksOfHiddenScreens) {
   int ticks = 0;
   program_.react = [&] { ++ticks; };
-  ticking(Switch::on);
+  switchTimer(Switch::on);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }));
   EXPECT_EQ(program_.takeEvents().substr(0, 14), "tick 3, tick 3");
-  ticking(Switch::off);
-  passTime();
+  switchTimer(Switch::off);
+  waitBriefly();
   EXPECT_EQ(program_.takeEvents(), "");
-  drill_ = platform_.createWindow(drillLayout, program_);
+  exercise_ = platform_.createWindow(exerciseLayout, program_);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 3; })) << "its timer is on by design";
 }
 
-TEST_F(FrontEnd, timersStartedInOneEventStartAtOnce) {
-  const auto second = platform_.createWindow(drillLayout, program_);
+TEST_F(FrontEnd, startsAllTimersOfOneEventAtTheSameInstant) {
+  const auto second = platform_.createWindow(exerciseLayout, program_);
+  constexpr ControlIndex otherTimer = 0;
   second->stopTimer(timer);
-  drill_->startTimer(timer, 1h);
-  second->startTimer(arrow, 1h);
+  exercise_->startTimer(timer, 1h);
+  second->startTimer(otherTimer, 1h);
   program_.react = [&] {
-    second->startTimer(arrow, 2ms);
+    second->startTimer(otherTimer, 2ms);
     QTest::qSleep(2);
-    drill_->startTimer(timer, 2ms);
-    program_.react = [&] { second->stopTimer(arrow); };
+    exercise_->startTimer(timer, 2ms);
+    program_.react = [&] { second->stopTimer(otherTimer); };
   };
-  press(Qt::Key_7, "7");
-  passTime();
+  pressKey(Qt::Key_7, "7");
+  waitBriefly();
   EXPECT_EQ(program_.takeEvents().substr(0, 18), "key 0/55, tick 3, ");
 }
 
-TEST_F(FrontEnd, hiddenPagesFollowTheHost) {
-  EXPECT_FLOAT_EQ(home_->width(), static_cast<float>(host().width()) * 0.75F);
-  EXPECT_FLOAT_EQ(drill_->width(), static_cast<float>(host().width() - 2) * 0.75F) << "before its first show";
-  drill_->drawBox({0, 300}, {20, 320}, 1, blue, blue);
+TEST_F(FrontEnd, resizesHiddenPagesWithTheHost) {
+  EXPECT_FLOAT_EQ(homeScreen_->width(), static_cast<float>(host().width()) * 0.75F);
+  EXPECT_FLOAT_EQ(exercise_->width(), static_cast<float>(host().width() - 2) * 0.75F)
+      << "before it is shown for the first time";
+  exercise_->drawBox({0, 300}, {20, 320}, 1, blue, blue);
   host().resize(1000, 700);
-  EXPECT_FLOAT_EQ(drill_->width(), (1000 - 2) * 0.75F);
+  EXPECT_FLOAT_EQ(exercise_->width(), (1000 - 2) * 0.75F);
   host().resize(1100, 800);
-  drill_->activate();
-  EXPECT_EQ(pixel(10, 26 + 410), blueDot);
+  exercise_->activate();
+  EXPECT_EQ(pixel(10, 26 + 410), bluePixel);
 }
 
-TEST_F(FrontEnd, showsLabelsInTheirOwnColours) {
-  drill_->activate();
+TEST_F(FrontEnd, drawsLabelsInTheColoursOfTheirLayout) {
+  exercise_->activate();
   const QImage before = host().grab().toImage();
-  drill_->setCaption(label, "");
+  exercise_->setCaption(label, "");
   EXPECT_NE(host().grab().toImage(), before);
-  EXPECT_EQ(seen(labelBackground), QRect(1, 26 + 60, 200, 40));
+  EXPECT_EQ(areaOfColour(labelBackground), QRect(1, 26 + 60, 200, 40));
 }
 
-TEST_F(FrontEnd, isDrawnAnewOnAScreenWithMoreDots) {
-  drill_->activate();
-  drill_->drawText({20, 150}, "8g", face, blue);
+TEST_F(FrontEnd, drawsTextAtThePixelRatioOfTheScreen) {
+  exercise_->activate();
+  exercise_->drawText({20, 150}, "8g", face, blue);
   const auto grabbedOn = [this](int screen) {
     host().windowHandle()->setScreen(QGuiApplication::screens().at(screen));
     QCoreApplication::processEvents();
     return host().grab(QRect{1, 200, 300, 100}).toImage();
   };
-  const QImage coarse = grabbedOn(0);
-  const QImage fine = grabbedOn(2);
-  ASSERT_EQ(fine.size(), coarse.size() * 2);
-  EXPECT_NE(fine.scaled(coarse.size()).scaled(fine.size()), fine);
-  EXPECT_EQ(grabbedOn(0), coarse);
+  const QImage atRatio1 = grabbedOn(0);
+  const QImage atRatio2 = grabbedOn(2);
+  ASSERT_EQ(atRatio2.size(), atRatio1.size() * 2);
+  EXPECT_NE(atRatio2.scaled(atRatio1.size()).scaled(atRatio2.size()), atRatio2);
+  EXPECT_EQ(grabbedOn(0), atRatio1);
 }
 
 // ---- Fit and zoom ------------------------------------------------------------------------------------
 
-/// The content area of the drill is 909 x 485 pixels then, and the least one 896 x 564: a scale of 0.86.
+/// The content area of the exercise is 909 x 485 pixels, the minimum is 896 x 564: a scale of 0.86.
 class SmallFrontEnd : public FrontEnd {
 protected:
   SmallFrontEnd() {
     host().resize(911, 512);
-    drill_->activate();
+    exercise_->activate();
   }
 };
 
-TEST_F(SmallFrontEnd, showsEverythingSmaller) {
+TEST_F(SmallFrontEnd, scalesDrawingsAndControlsDown) {
   constexpr qreal scale = 485.0 / 564;
-  EXPECT_NEAR(drill_->width(), 909 / scale * 0.75, 0.01);
-  drill_->drawBox({0, 300}, {20, 320}, 1, blue, blue);
-  const QRect box = seen(blueDot);
+  EXPECT_NEAR(exercise_->width(), 909 / scale * 0.75, 0.01);
+  exercise_->drawBox({0, 300}, {20, 320}, 1, blue, blue);
+  const QRect box = areaOfColour(bluePixel);
   EXPECT_NEAR(box.top(), 26 + 400 * scale, 1);
   EXPECT_NEAR(box.right(), 1 + 26.7 * scale, 1);
-  EXPECT_NEAR(seen(labelBackground).bottom(), 26 + 100 * scale, 1);
+  EXPECT_NEAR(areaOfColour(labelBackground).bottom(), 26 + 100 * scale, 1);
 }
 
-TEST_F(SmallFrontEnd, takesClicksWhereItShowsTheControls) {
+TEST_F(SmallFrontEnd, scalesTheClickableAreasDown) {
   clickAt(1 + 88, 26 + 2);
   clickAt(1 + 112, 26 + 25);
   EXPECT_EQ(program_.takeEvents(), "click 0, click 0");
@@ -242,9 +244,9 @@ TEST_F(SmallFrontEnd, takesClicksWhereItShowsTheControls) {
   EXPECT_EQ(program_.takeEvents(), "") << "beside the arrow and below it";
 }
 
-TEST_F(FrontEnd, dropsTheRepeatsOfAZoomKeyWithoutControl) {
+TEST_F(FrontEnd, dropsAutoRepeatOfAZoomKeyAfterControlIsReleased) {
   constexpr quint32 equalsKey = 21;
-  drill_->activate();
+  exercise_->activate();
   sendKey(QEvent::KeyPress, Qt::Key_Equal, equalsKey, "=");
   sendKey(QEvent::KeyRelease, Qt::Key_Equal, equalsKey, "=");
   EXPECT_EQ(program_.takeEvents(), "key 0/61");
@@ -257,123 +259,123 @@ TEST_F(FrontEnd, dropsTheRepeatsOfAZoomKeyWithoutControl) {
 class ZoomedFrontEnd : public FrontEnd {
 protected:
   ZoomedFrontEnd() {
-    drill_->activate();
+    exercise_->activate();
     for (int step = 0; step < 10; ++step)
-      zoom(Qt::Key_Plus);
+      pressZoomKey(Qt::Key_Plus);
   }
-  /// 32 x 32 pixels and one more, three times as large; `corner` is in multiples of 3/4 points, whole pixels.
-  void drawBoxAt(Point corner) { drill_->drawBox(corner, {corner.x + 24, corner.y + 24}, 1, blue, blue); }
+  /// Draws a square of 3 x (32 + 1) pixels. `corner` is a multiple of 3/4 point, so it is pixel-aligned.
+  void drawBoxAt(Point corner) { exercise_->drawBox(corner, {corner.x + 24, corner.y + 24}, 1, blue, blue); }
 };
 
-TEST_F(ZoomedFrontEnd, isLargerUntilItIsToldOtherwise) {
-  EXPECT_EQ(program_.takeEvents(), "") << "nobody else sees the keys of the zoom";
-  EXPECT_FLOAT_EQ(drill_->width(), static_cast<float>(host().width() - 2) * 0.75F);
+TEST_F(ZoomedFrontEnd, staysZoomedUntilTheZoomIsReset) {
+  EXPECT_EQ(program_.takeEvents(), "") << "zoom keys are not reported";
+  EXPECT_FLOAT_EQ(exercise_->width(), static_cast<float>(host().width() - 2) * 0.75F);
   clickAt(1 + 300 + 90, 26 + 90);
   EXPECT_EQ(program_.takeEvents(), "click 0");
-  home_->activate();
-  drill_->activate();
-  EXPECT_EQ(seen(labelBackground), QRect(1, 26 + 180, 600, 120));
-  zoom(Qt::Key_0);
-  EXPECT_EQ(seen(labelBackground), QRect(1, 26 + 60, 200, 40));
+  homeScreen_->activate();
+  exercise_->activate();
+  EXPECT_EQ(areaOfColour(labelBackground), QRect(1, 26 + 180, 600, 120));
+  pressZoomKey(Qt::Key_0);
+  EXPECT_EQ(areaOfColour(labelBackground), QRect(1, 26 + 60, 200, 40));
 }
 
 TEST_F(ZoomedFrontEnd, followsWhatIsDrawn) {
   drawBoxAt({600, 381});
-  passTime();
-  EXPECT_EQ(seen(blueDot).size(), QSize(99, 99));
-  drill_->drawBox({0, 0}, {20, 20}, 1, white, white);
-  passTime();
-  EXPECT_EQ(seen(blueDot).size(), QSize(99, 99)) << "nothing to be seen was drawn";
-  drill_->drawText({10, 10}, "8", face, blue);
-  passTime();
-  EXPECT_LT(seen(blueDot).right(), 150);
+  waitBriefly();
+  EXPECT_EQ(areaOfColour(bluePixel).size(), QSize(99, 99));
+  exercise_->drawBox({0, 0}, {20, 20}, 1, white, white);
+  waitBriefly();
+  EXPECT_EQ(areaOfColour(bluePixel).size(), QSize(99, 99)) << "nothing visible was drawn";
+  exercise_->drawText({10, 10}, "8", face, blue);
+  waitBriefly();
+  EXPECT_LT(areaOfColour(bluePixel).right(), 150);
 }
 
-TEST_F(ZoomedFrontEnd, showsTheTopLeftOfWhatDoesNotFit) {
+TEST_F(ZoomedFrontEnd, revealsTheTopLeftOfAnAreaThatDoesNotFit) {
   drawBoxAt({99, 99});
   drawBoxAt({600, 381});
-  passTime();
-  EXPECT_EQ(seen(blueDot).size(), QSize(99, 99));
-  EXPECT_LT(seen(blueDot).left(), 100);
+  waitBriefly();
+  EXPECT_EQ(areaOfColour(bluePixel).size(), QSize(99, 99));
+  EXPECT_LT(areaOfColour(bluePixel).left(), 100);
 }
 
-TEST_F(ZoomedFrontEnd, isNotCarriedAwayByAClock) {
+TEST_F(ZoomedFrontEnd, doesNotFollowATimerUnlessAnImageBecomesVisible) {
   int ticks = 0;
   program_.react = [&] {
     drawBoxAt({600, 381});
     ++ticks;
   };
-  ticking(Switch::on);
+  switchTimer(Switch::on);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }));
-  passTime();
-  EXPECT_EQ(seen(blueDot), QRect());
+  waitBriefly();
+  EXPECT_EQ(areaOfColour(bluePixel), QRect());
   program_.react = [this] {
     drawBoxAt({600, 381});
-    drill_->setVisible(stop, Visibility::visible);
+    exercise_->setVisible(stop, Visibility::visible);
     program_.react = [] {};
   };
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !seen(blueDot).isEmpty(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !areaOfColour(bluePixel).isEmpty(); }));
 }
 
-TEST_F(ZoomedFrontEnd, showsAnImageThatBecomesVisible) {
+TEST_F(ZoomedFrontEnd, revealsAnImageThatBecomesVisible) {
   turnWheel({0, -12000});
-  drill_->setVisible(stop, Visibility::visible);
-  passTime();
+  exercise_->setVisible(stop, Visibility::visible);
+  waitBriefly();
   clickAt(1 + 600 + 50, 26 + 50);
   EXPECT_EQ(program_.takeEvents(), "click 1");
 }
 
-TEST_F(ZoomedFrontEnd, showsTheButtonThatGetsTheFocus) {
-  home_->activate();
-  press(Qt::Key_Backtab, "\t");
+TEST_F(ZoomedFrontEnd, revealsTheButtonThatGetsTheFocus) {
+  homeScreen_->activate();
+  pressKey(Qt::Key_Backtab, "\t");
   clickAt(1280 - 300, 1024 - 100);
   EXPECT_EQ(program_.takeEvents(), "click 2");
 }
 
-/// The minimum content area has 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are shown.
-TEST_F(ZoomedFrontEnd, isPannedByTheWheelAsFarAsThereIsSomethingToSee) {
-  drill_->drawBox({0, 0}, {671.25F, 422.25F}, 1, blue, std::nullopt);
-  drill_->activate();
-  passTime();
+/// The zoomed minimum content area is 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are visible.
+TEST_F(ZoomedFrontEnd, isPannedByTheWheelWithinTheMinimumContentArea) {
+  exercise_->drawBox({0, 0}, {671.25F, 422.25F}, 1, blue, std::nullopt);
+  exercise_->activate();
+  waitBriefly();
   turnWheel({0, -120});
-  EXPECT_EQ(seen(labelBackground).top(), 26 + 180 - 60);
+  EXPECT_EQ(areaOfColour(labelBackground).top(), 26 + 180 - 60);
   turnWheel({0, -120}, Qt::ShiftModifier);
-  EXPECT_EQ(seen(labelBackground).right(), 600 - 60);
+  EXPECT_EQ(areaOfColour(labelBackground).right(), 600 - 60);
   turnWheel({-120000, -120000});
-  EXPECT_EQ(pixel(1276, 26 + 900), blueDot);
-  EXPECT_EQ(pixel(1000, 26 + 994), blueDot);
-  home_->activate();
-  drill_->activate();
-  EXPECT_EQ(pixel(1, 26), blueDot);
+  EXPECT_EQ(pixel(1276, 26 + 900), bluePixel);
+  EXPECT_EQ(pixel(1000, 26 + 994), bluePixel);
+  homeScreen_->activate();
+  exercise_->activate();
+  EXPECT_EQ(pixel(1, 26), bluePixel);
 }
 
 // ---- Themes ------------------------------------------------------------------------------------------
 
-qreal luminance(QRgb dot) {
-  const auto linear = [](int part) { return std::pow(part / 255.0, 2.2); };
-  return 0.2126 * linear(qRed(dot)) + 0.7152 * linear(qGreen(dot)) + 0.0722 * linear(qBlue(dot));
+qreal luminance(QRgb pixel) {
+  const auto linear = [](int channel) { return std::pow(channel / 255.0, 2.2); };
+  return 0.2126 * linear(qRed(pixel)) + 0.7152 * linear(qGreen(pixel)) + 0.0722 * linear(qBlue(pixel));
 }
 
-/// From 1 to 21, between the lightest and the darkest dot.
+/// The contrast ratio of the lightest to the darkest pixel, from 1 to 21.
 qreal contrast(const QImage& image) {
   const QImage copy = image.convertToFormat(QImage::Format_RGB32);
-  const std::span dots{reinterpret_cast<const QRgb*>(copy.constBits()),
-                       static_cast<std::size_t>(copy.width() * copy.height())};
-  const auto [darkest, lightest] = std::ranges::minmax(dots, {}, luminance);
+  const std::span pixels{reinterpret_cast<const QRgb*>(copy.constBits()),
+                         static_cast<std::size_t>(copy.width() * copy.height())};
+  const auto [darkest, lightest] = std::ranges::minmax(pixels, {}, luminance);
   return (luminance(lightest) + 0.05) / (luminance(darkest) + 0.05);
 }
 
-/// The colours of buttons and of windows.
+/// The colours of buttons and windows.
 using Palette = std::pair<QColor, QColor>;
 
-/// The palette of the theme, while there is one.
+/// Sets the palette of the application for one test.
 class Theme : public testing::WithParamInterface<Palette> {
 protected:
   Theme() { QApplication::setPalette({GetParam().first, GetParam().second}); }
-  ~Theme() override { QApplication::setPalette(usual_); }
+  ~Theme() override { QApplication::setPalette(originalPalette_); }
 
 private:
-  QPalette usual_ = QApplication::palette();
+  QPalette originalPalette_ = QApplication::palette();
 };
 
 class ThemedFrontEnd : public Theme, public FrontEnd {
@@ -381,11 +383,12 @@ protected:
   qreal contrastIn(QRect area) { return contrast(host().grab(area).toImage()); }
 };
 
-TEST_P(ThemedFrontEnd, canBeRead) {
+TEST_P(ThemedFrontEnd, isReadable) {
   constexpr qreal readable = 4.5;
   EXPECT_GT(contrastIn({610, 530, 180, 20}), readable) << "button";
-  EXPECT_NEAR(luminance(pixel(610, 540)), luminance(GetParam().first.rgb()), 0.1) << "as the theme wants it";
-  drill_->activate();
+  EXPECT_NEAR(luminance(pixel(610, 540)), luminance(GetParam().first.rgb()), 0.1)
+      << "the button colour of the theme";
+  exercise_->activate();
   EXPECT_GT(contrastIn({5, 3, 100, 20}), readable) << "title";
   EXPECT_GT(contrastIn({host().width() - 20, 5, 16, 16}), readable) << "close box";
   EXPECT_EQ(pixel(200, 26 + 98), labelBackground);
