@@ -61,14 +61,14 @@ class Installation(WindowCase):
         super().setUp()
 
     def test_installs_starts_plays_and_removes_completely(self) -> None:
-        self.player.wait_for_start()
+        self.learner.wait_for_start()
         self.assert_installed_program_is_running()
-        self.player.open("addition")
+        self.learner.open("addition")
         self.answer_addition()
         self.desktop.press("Escape")
-        self.player.wait_for_screen("accueil")
+        self.learner.wait_for_screen("accueil")
         self.desktop.press("Escape")
-        self.player.click_arrow("Aurevoir")
+        self.learner.click_arrow("Aurevoir")
         self.assert_clean_exit()
         self.system.dpkg("--purge", "chiffrolo")
         self.assertEqual(self.system.paths(), self.before)
