@@ -114,8 +114,8 @@ struct ScreenLayout {
   std::string_view caption;
   std::string_view accessibleName; ///< what a screen reader calls the screen
   Frame frame{};
-  Font font{};
-  Colour background{};
+  Font font{};         ///< with which drawing begins; all drawn text has its weight
+  Colour background{}; ///< of the drawing surface, until it is cleared to another colour
   std::span<const ControlLayout> controls;
 };
 
@@ -171,8 +171,8 @@ public:
   /// Ticks every `interval` (1 ms or more) from now on, until stopped. A running timer starts a fresh
   /// countdown. Each tick is due one interval after the previous one was due, however late that was
   /// delivered. Timers that are due at the same instant tick in the order in which they were last started
-  /// from rest. A timer that is stopped before its turn does not tick. Timers also tick while their window is
-  /// not in front.
+  /// while stopped. A timer that is stopped before its turn does not tick. Timers also tick while their
+  /// window is not in front.
   virtual void startTimer(ControlIndex timer, std::chrono::milliseconds interval) noexcept = 0;
   /// Does nothing if the timer is not running.
   virtual void stopTimer(ControlIndex timer) noexcept = 0;
@@ -231,6 +231,7 @@ public:
   Events& operator=(const Events&) = delete;
   virtual ~Events() = default;
 
+  /// Whether another screen has become the active one, or none.
   enum class KeyUse : std::uint8_t { screenStayed, screenChanged };
 
   /// A key went down on the active screen. `character` is the code point that it types, if any: Enter, Escape

@@ -90,6 +90,7 @@ void Program::Unload(ScreenName screen) {
   held->close();
 }
 
+/// Quits first: the windows that are destroyed then are not reported as unloaded.
 void Program::End() {
   platform_.quit();
   active_.reset();

@@ -20,6 +20,7 @@ template <typename SomeScreen> std::shared_ptr<Screen> make(ScreenHost& host) {
 
 } // namespace
 
+/// In the order of `ScreenName`.
 constinit const ScreenTable allScreens{make<AccueilScreen>,  make<AdditionScreen>, make<MultiplicationScreen>,
                                        make<DivisionScreen>, make<RecordScreen>,   make<FinScreen>,
                                        make<Fin2Screen>,     make<AurevoirScreen>};

@@ -16,6 +16,7 @@ public:
   TickReceiver(const TickReceiver&) = delete;
   TickReceiver& operator=(const TickReceiver&) = delete;
 
+  /// Call `TimerQueue::stopAll` before the receiver is destroyed.
   virtual void tick(ControlIndex timer) = 0;
 
 protected:
@@ -35,7 +36,7 @@ struct TimerId {
 class TimerQueue {
 public:
   /// The first tick is due one `interval` (1 ms or more) after `now`, each further one an interval later.
-  /// True if the timer was at rest; a running one keeps its place among those that are due together.
+  /// True if the timer was stopped; a running one keeps its place among those that are due together.
   bool start(TimerId timer, std::chrono::milliseconds interval, Instant now);
   /// True if the timer was running.
   bool stop(TimerId timer);
@@ -46,8 +47,8 @@ public:
   std::optional<Instant> nextDue() const;
 
   /// Takes the tick that is due first, if it is due at `now` or before; the next tick of that timer is due
-  /// one interval later. Of several that are due at the same instant, the timer that was started from rest
-  /// first comes first.
+  /// one interval later. Of several that are due at the same instant, the one that was started
+  /// first, while it was stopped, comes first.
   std::optional<TimerId> takeDue(Instant now);
 
 private:
@@ -57,7 +58,7 @@ private:
     std::chrono::milliseconds interval;
   };
 
-  std::vector<Running> running_; // in the order in which they were started from rest
+  std::vector<Running> running_; // in the order in which they were last started while stopped
 };
 
 } // namespace chiffrolo

@@ -11,7 +11,7 @@ constexpr ExerciseValues values{
     .feedbackCentre = 320,
     .ligneBravo = 240,
     .colonneConsigneBravo = 200,
-    .dropOfTimes = 8,
+    .dropOfTimes = 8, // for the steps of a multiplication, if the learner left one to come here
 };
 
 /// The three numbers of an operation: `first`, and the `tens` and `units` of the second number.

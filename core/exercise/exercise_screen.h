@@ -44,7 +44,7 @@ public:
   void Form_Load() override;
   void Form_Activate() override { NouvelleOperation(); }
   void Form_KeyDown(int code) override;
-  /// Variation point: what a typed key does. This function alone decides it.
+  /// Variation point: what a typed character does. `Form_KeyDown` has handled the same key before.
   void Form_KeyPress(char32_t typed) override;
 
 protected:
@@ -76,7 +76,8 @@ protected:
 
   /// Enter: submits the answer, or asks again if nothing was typed.
   void submitOrAskAgain();
-  /// Adds `touche` to the answer, or submits the answer on Enter and "=".
+  /// Adds the digit `touche` to the answer, removes the last one on Backspace, or submits the answer on Enter
+  /// and "=".
   void SaisirChiffre();
   void EffacerReponse();
   /// Prints the answer and a question mark, in blue, over the previous ones.
@@ -84,6 +85,7 @@ protected:
 
   // ---- The judgement ---------------------------------------------------------------------------------
 
+  /// Stops the timers, and compares the answer with the expected one.
   void Corriger();
   /// Judges the answer at the end of the time limit, with the line that says so.
   void judgeLateAnswer();
@@ -106,7 +108,7 @@ protected:
   /// and the instruction line.
   void showFaux(int ligne);
 
-  /// Variation point: ends the operation: resets what marks its progress, and shows the score.
+  /// Variation point: ends the operation. Resets its progress, and shows the score.
   virtual void AfficherScore();
   /// Prints the score box and shows the images.
   void showScore();

@@ -185,8 +185,11 @@ void DivisionScreen::Form_KeyPress(char32_t typed) {
   }
   if (!flèche.Visible()) erase({0, 240}, 350);
   if (typed == character::escape) return leave();
-  if (typed == character::enter && !arret.Visible()) submitOrAskAgain();
-  if (typed != character::enter && !flèche.Visible()) SaisirChiffre();
+  if (typed == character::enter) {
+    if (!arret.Visible()) submitOrAskAgain();
+  } else if (!flèche.Visible()) {
+    SaisirChiffre();
+  }
 }
 
 } // namespace chiffrolo

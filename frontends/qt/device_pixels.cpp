@@ -31,12 +31,12 @@ std::array<QRect, 4> DevicePixelGrid::sides(const QRect& outer) const {
 }
 
 DevicePixels paintInDevicePixels(QPainter& painter, QSize widget) {
-  const QTransform toDots = painter.deviceTransform();
-  const QRectF place = toDots.mapRect(QRectF{{}, QSizeF{widget}});
+  const QTransform toDevicePixels = painter.deviceTransform();
+  const QRectF place = toDevicePixels.mapRect(QRectF{{}, QSizeF{widget}});
   const QPoint topLeft = place.topLeft().toPoint();
   const QPoint past = place.bottomRight().toPoint();
-  painter.setWorldTransform(QTransform::fromTranslate(topLeft.x(), topLeft.y()) * toDots.inverted());
-  return {{0, 0, past.x() - topLeft.x(), past.y() - topLeft.y()}, toDots.m11()};
+  painter.setWorldTransform(QTransform::fromTranslate(topLeft.x(), topLeft.y()) * toDevicePixels.inverted());
+  return {{0, 0, past.x() - topLeft.x(), past.y() - topLeft.y()}, toDevicePixels.m11()};
 }
 
 } // namespace chiffrolo::qt

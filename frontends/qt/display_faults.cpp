@@ -20,7 +20,7 @@ constexpr std::string_view noDisplay =
 constexpr std::string_view displayLost = "Chiffrolo : l'écran a disparu, le programme s'arrête.\n";
 
 /// Standard error as it was when the program started.
-int terminal() {
+int originalStandardError() {
   static const int descriptor = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   return descriptor;
 }
@@ -34,7 +34,7 @@ void print(int descriptor, std::string_view line) {
 [[noreturn]] void giveUp(std::string_view line) {
   static std::mutex turn;
   turn.lock();
-  print(terminal(), line);
+  print(originalStandardError(), line);
   std::_Exit(EXIT_FAILURE);
 }
 
@@ -56,7 +56,7 @@ void onMessage(QtMsgType type, const QMessageLogContext& context, const QString&
 class SilentStandardError {
 public:
   SilentStandardError() {
-    terminal();
+    originalStandardError();
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     if (nowhere < 0) return;
     dup2(nowhere, STDERR_FILENO);
@@ -64,7 +64,7 @@ public:
   }
   SilentStandardError(const SilentStandardError&) = delete;
   SilentStandardError& operator=(const SilentStandardError&) = delete;
-  ~SilentStandardError() { dup2(terminal(), STDERR_FILENO); }
+  ~SilentStandardError() { dup2(originalStandardError(), STDERR_FILENO); }
 };
 
 } // namespace

@@ -31,8 +31,7 @@ bool isModifier(int key) {
   }
 }
 
-// ---- What Qt 6.4 reports in native codes only
-// ---------------------------------------------------------------
+// ---- What Qt 6.4 reports in native codes only ---------------------------------------------------------
 
 constexpr quint32 fifthModifier = 0x80; // AltGr on X11
 
@@ -64,7 +63,7 @@ bool isOnKeypad(const QKeyEvent& press, NativeCodes codes) {
   return keypad.contain(press, codes) || press.modifiers().testFlag(Qt::KeypadModifier);
 }
 
-// ---- Digits -----------------------------------------------------------------------------------------------
+// ---- Digits -----------------------------------------------------------------------------------------
 
 /// Not QChar::isDigit, which accepts the digits of other scripts.
 bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
@@ -95,7 +94,7 @@ std::optional<char32_t> typedDigit(const QKeyEvent& press, NativeCodes codes) {
   return std::nullopt;
 }
 
-// ---- Other characters -------------------------------------------------------------------------------------
+// ---- Other characters -------------------------------------------------------------------------------
 
 /// Characters beyond U+FFFF are ignored, and so are digits that the rules above do not accept.
 std::optional<char32_t> typedCharacter(const QKeyEvent& press) {

@@ -80,7 +80,7 @@ QRect Page::onDisplay(Point topLeft, Point bottomRight) const {
   return area.translated(surface.mapToGlobal(QPoint{})).toAlignedRect();
 }
 
-/// The timers that one event starts start at the same instant.
+/// Stops the clock meanwhile, so that all timers that the event starts start at the same instant.
 template <typename Event> void Page::report(Event event) {
   const Ticker::HeldInstant instant{ticker_};
   if (events_ == nullptr) return;
@@ -98,7 +98,7 @@ void Page::reportClick(ControlIndex control) {
   report([&](Events& events) { events.click(control); });
 }
 
-/// The window may have been destroyed when this returns; the page has not.
+/// The event may destroy the window, but not the page.
 void Page::reportTick(ControlIndex timer) {
   report([&](Events& events) { events.tick(layout_.name, timer); });
   view_->ignoreWhatWasDrawn();

@@ -16,7 +16,7 @@ class HostWindow;
 /// the learner does there, until it is retired.
 class Page final : public QWidget {
 public:
-  /// All of them outlive the page.
+  /// All of them outlive the page, `events` until it is retired.
   Page(const ScreenLayout& layout, Events& events, Ticker& ticker, HostWindow& host);
 
   /// Resizes the page to the host's size at once, also while it is hidden.

@@ -13,8 +13,8 @@ namespace chiffrolo::qt {
 /// are scaled down. Zoomed in, they may be larger than the view, which then shows a part of them: it follows
 /// what is drawn and what gets the focus, and the mouse wheel pans it.
 ///
-/// Not a QScrollArea: with Qt 6.4 that took twelve lines more. It makes points visible, not areas, pages on
-/// Shift with the wheel, and has no fractional positions.
+/// Not a QScrollArea: that scrolls by whole pixels, reveals points instead of areas, and turns Shift with the
+/// wheel into paging. Working around this takes more code than panning.
 class View final : public QWidget {
 public:
   using Clicked = std::function<void(ControlIndex)>;

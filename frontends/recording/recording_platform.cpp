@@ -99,7 +99,7 @@ private:
 
   void tick(ControlIndex timer) override { events_.tick(layout_.name, timer); }
 
-  /// True if the timer was at rest.
+  /// True if the timer was stopped.
   bool start(ControlIndex timer, milliseconds interval) {
     return platform_.timers_.start({this, timer}, interval, platform_.now_);
   }

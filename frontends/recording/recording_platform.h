@@ -11,7 +11,7 @@ namespace chiffrolo {
 
 class RecordingWindow;
 
-/// A front end without a window: it prints every effect of the program as one line of text. Every content
+/// A front end without a window: it prints what the program draws and shows. Every content
 /// area is 960 points wide and 720 high, every character (size + 1) / 2 points wide, every line 1.25 × size
 /// high. Its clock advances only in `wait`.
 class RecordingPlatform final : public Platform {
