@@ -3,6 +3,7 @@
 
 #include "screen/values.h"
 
+#include <algorithm>
 #include <cassert>
 #include <utility>
 
@@ -22,7 +23,8 @@ double RandomNumbers::Rnd() {
 
 void RandomNumbers::Randomize() { generator_.seed(generator_() ^ timeOfDay_()); }
 
-int RandomNumbers::whole(int span, int base) { return Int(span * Rnd() + base); }
+// The sum is rounded, and would be `base` + `span` for the largest numbers below 1.
+int RandomNumbers::whole(int span, int base) { return std::min(Int(span * Rnd() + base), base + span - 1); }
 
 void RandomNumbers::give(double number) {
   assert(number >= 0 && number < 1);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 
 namespace chiffrolo::test {
@@ -33,6 +34,14 @@ TEST(RandomNumbers, givenNumbersComeFirstDespiteReseeding) {
   EXPECT_EQ(random.Rnd(), 0.25);
   EXPECT_EQ(random.whole(10, 5), 14);
   EXPECT_EQ(random.givenNumbersLeft(), 0U);
+}
+
+TEST(RandomNumbers, largestNumberStaysWithinItsRange) {
+  RandomNumbers random([] { return 1U; });
+  for (const auto& [span, base] : {std::pair{4, 1}, {4, 2}, {4, 6}, {9, 1}, {88, 11}, {89, 11}, {989, 11}}) {
+    random.give(std::nextafter(1.0, 0.0));
+    EXPECT_EQ(random.whole(span, base), base + span - 1);
+  }
 }
 
 TEST(RandomNumbers, reseedingAtTheSameInstantRepeatsNoNumber) {
