@@ -27,11 +27,11 @@ Events::KeyUse Program::key(int code, std::optional<char32_t> character) noexcep
 }
 
 void Program::click(ControlIndex control) noexcept {
-  if (const auto screen = activeScreen()) screen->react(control);
+  if (const auto screen = activeScreen()) screen->click(control);
 }
 
 void Program::tick(ScreenName screen, ControlIndex timer) noexcept {
-  if (const auto held = slot(screen)) held->react(timer);
+  if (const auto held = slot(screen)) held->tick(timer);
 }
 
 void Program::front(ScreenName screen) noexcept {

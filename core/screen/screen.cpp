@@ -18,6 +18,18 @@ Screen::Screen(ScreenHost& host, const ScreenLayout& layout)
     : Surface(host.createWindow(layout), layout), shared(host.shared()), host_(host), layout_(layout),
       controls_(layout.controls.size(), nullptr) {}
 
+void Screen::click(ControlIndex control) {
+  if (!isTimer(control)) react(control);
+}
+
+void Screen::tick(ControlIndex control) {
+  if (isTimer(control)) react(control);
+}
+
+bool Screen::isTimer(ControlIndex control) const {
+  return control < controls_.size() && layout_.controls[control].kind == ControlKind::timer;
+}
+
 void Screen::react(ControlIndex control) {
   if (control < controls_.size() && controls_[control] != nullptr) controls_[control]->react();
 }

@@ -29,8 +29,10 @@ public:
   virtual void Form_KeyDown(int /*keyCode*/) {} ///< before the `Form_KeyPress` of the same key, if it has one
   virtual void Form_KeyPress(char32_t /*character*/) {}
 
-  /// Runs the handler of a button or image that was clicked, or of a timer that is due.
-  void react(ControlIndex control);
+  /// Runs the handler of a button or image. Other controls, and indices beyond the layout, are ignored.
+  void click(ControlIndex control);
+  /// Runs the handler of a timer. Other controls, and indices beyond the layout, are ignored.
+  void tick(ControlIndex control);
   void bringToFront() { window().activate(); }
   void close() { closeWindow(); }
   const ScreenLayout& layout() const { return layout_; }
@@ -47,6 +49,9 @@ protected:
 
 private:
   friend class Control;
+
+  bool isTimer(ControlIndex control) const;
+  void react(ControlIndex control);
 
   ScreenHost& host_;
   const ScreenLayout& layout_;
