@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "recording/player.h"
 
+#include "recording/layout_lines.h"
 #include "screen/layouts.h"
 #include "screen/utf8.h"
 
@@ -118,15 +119,17 @@ std::string listed(const Counters& counters) {
   return list;
 }
 
+/// The number of controls if there is none of that name: a click there has no effect.
 ControlIndex controlNamed(const ScreenLayout& layout, std::string_view name) {
   const auto row = std::ranges::find(layout.controls, name, &ControlLayout::name);
   return static_cast<ControlIndex>(row - layout.controls.begin());
 }
 
-bool isClickable(const ScreenLayout& layout, ControlIndex control) {
-  if (control >= layout.controls.size()) return false;
-  const auto kind = layout.controls[control].kind;
-  return kind == ControlKind::button || kind == ControlKind::image;
+ScreenName onlyScreen(std::span<const std::string_view> names) {
+  expectCount(names, 1);
+  const auto screen = screenNamed(names[0]);
+  if (!screen) refuse("unknown screen", names[0]);
+  return *screen;
 }
 
 } // namespace
@@ -144,7 +147,7 @@ void Player::play(std::string_view line) {
     std::string_view name;
     void (Player::*carryOut)(Arguments);
   };
-  static constexpr std::array<Command, 8> commands{{
+  static constexpr std::array<Command, 9> commands{{
       {"rnd", &Player::rnd},
       {"key", &Player::key},
       {"click", &Player::click},
@@ -153,6 +156,7 @@ void Player::play(std::string_view line) {
       {"wait", &Player::wait},
       {"set", &Player::set},
       {"state", &Player::state},
+      {"layout", &Player::layout},
   }};
   const auto words = wordsOf(line);
   if (words.empty() || line.front() == '#') return;
@@ -180,18 +184,10 @@ void Player::key(Arguments names) {
 
 void Player::click(Arguments controls) {
   expectCount(controls, 1);
-  const auto active = program_.active();
-  if (!active) return;
-  const auto control = controlNamed(layoutOf(*active), controls[0]);
-  if (isClickable(layoutOf(*active), control)) program_.click(control);
+  if (const auto active = program_.active()) program_.click(controlNamed(layoutOf(*active), controls[0]));
 }
 
-void Player::front(Arguments screens) {
-  expectCount(screens, 1);
-  const auto screen = screenNamed(screens[0]);
-  if (!screen) refuse("unknown screen", screens[0]);
-  program_.front(*screen);
-}
+void Player::front(Arguments screens) { program_.front(onlyScreen(screens)); }
 
 void Player::close(Arguments none) {
   expectCount(none, 0);
@@ -252,6 +248,12 @@ void Player::state(Arguments none) {
   add("effectuees", listed(shared.effectuees));
   add("rnd", std::to_string(program_.randomNumbers().givenNumbersLeft()));
   sink_(line);
+}
+
+void Player::layout(Arguments screens) {
+  const ScreenName screen = onlyScreen(screens);
+  for (const auto& line : layoutLines(nameOf(screen), layoutOf(screen)))
+    sink_(line);
 }
 
 } // namespace chiffrolo

@@ -42,6 +42,7 @@ private:
   void wait(Arguments durations);
   void set(Arguments nameAndValues);
   void state(Arguments none);
+  void layout(Arguments screens);
 
   RecordingPlatform::Sink sink_;
   RecordingPlatform platform_;

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "recording/recording_platform.h"
 
+#include "recording/lines.h"
 #include "screen/layouts.h"
 #include "screen/utf8.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 namespace chiffrolo {
 
@@ -15,26 +14,6 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr Points contentWidth = 960;
-
-/// A number as C's %g writes it.
-std::string text(Points number) {
-  std::array<char, 32> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "%g", static_cast<double>(number));
-  return buffer.data();
-}
-
-std::string text(int number) { return std::to_string(number); }
-
-std::string text(Colour colour) {
-  std::array<char, 8> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "#%02x%02x%02x", colour.red, colour.green, colour.blue);
-  return buffer.data();
-}
-
-std::string text(std::optional<Colour> fill) { return fill ? text(*fill) : "-"; }
-std::string text(Point point) { return text(point.x) + " " + text(point.y); }
-std::string text(std::string_view words) { return std::string(words); }
-std::string quoted(std::string_view words) { return "\"" + std::string(words) + "\""; }
 
 } // namespace
 
@@ -56,7 +35,8 @@ public:
 
   Points width() const noexcept override { return contentWidth; }
   Points textWidth(std::string_view words, const Font& font) const noexcept override {
-    return static_cast<Points>(characterCount(words)) * averageCharacterWidth(font);
+    const auto blanks = static_cast<Points>(std::ranges::count(words, ' '));
+    return (static_cast<Points>(characterCount(words)) - blanks / 2) * averageCharacterWidth(font);
   }
   Points lineHeight(const Font& font) const noexcept override { return font.size * 1.25F; }
   Points averageCharacterWidth(const Font& font) const noexcept override { return (font.size + 1) / 2; }
@@ -105,10 +85,7 @@ private:
   }
 
   template <typename... Values> void print(const Values&... values) const {
-    if (!platform_.records()) return;
-    std::string line;
-    ((line += line.empty() ? text(values) : " " + text(values)), ...);
-    platform_.sink_(line);
+    if (platform_.records()) platform_.sink_(lineOf(values...));
   }
 
   template <typename... Values> void printEffect(const Values&... values) const {

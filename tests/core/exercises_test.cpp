@@ -20,42 +20,42 @@ TEST_P(Addition, showsExpectedText) {
   EXPECT_EQ(ScenarioSession(GetParam().scenario).visibleText(), GetParam().expected);
 }
 
-// On the recording platform, blanks are as wide as digits. An answer therefore replaces the "=" of its
-// question, and the first guided step erases the last digit of the first line.
-ROWS(Addition, {"fifthDigitIsIgnored", ADDITION "key 1\nkey 2\nkey 3\nkey 4\nkey 5", "47 + 35 1234 ?"},
+ROWS(Addition, {"fifthDigitIsIgnored", ADDITION "key 1\nkey 2\nkey 3\nkey 4\nkey 5", "47 + 35 = 1234 ?"},
      {"backspaceRemovesTheFourthDigit", ADDITION "key 1\nkey 2\nkey 3\nkey 4\nkey Backspace",
-      "47 + 35 123 ?"},
-     {"backspaceOnEmptyAnswerDoesNothing", ADDITION "key Backspace", "47 + 35 ?"},
+      "47 + 35 = 123 ?"},
+     {"backspaceOnEmptyAnswerDoesNothing", ADDITION "key Backspace", "47 + 35 = ?"},
      {"equalsOnEmptyAnswerDoesNothing", ADDITION "key =", "47 + 35 = ?"},
-     {"lettersAndSignsAreIgnored", ADDITION "key 8\nkey a\nkey +\nkey Space\nkey é\nkey '", "47 + 35 8 ?"},
+     {"clickOnATimerIsIgnored", ADDITION "click Minuterie", "47 + 35 = ?"},
+     {"lettersAndSignsAreIgnored", ADDITION "key 8\nkey a\nkey +\nkey Space\nkey é\nkey '", "47 + 35 = 8 ?"},
      {"leadingZeroIsAccepted", ADDITION "set score 1\nkey 0\nkey 8\nkey 2\nkey Enter",
-      "47 + 35 082 | Bravo | Score = 2"},
+      "47 + 35 = 082 | Bravo | Score = 2"},
      {"rightAnswerAtNinePointsScoresTen", ADDITION "set score 9\nkey 8\nkey 2\nkey Enter",
-      "47 + 35 82 | Bravo | Score = 10"},
+      "47 + 35 = 82 | Bravo | Score = 10"},
      {"firstPointShowsTheObjective", ADDITION "set score 0\nkey 8\nkey 2\nkey Enter",
-      "47 + 35 82 | Bravo | Score = 1 | Tu dois réussir 10 opérations sans te tromper"},
-     {"digitStartsTheNextStepAndIsNotTyped", WRONG "key 7", "47 + 3 | 47 + 30 = ?"},
-     {"leftKeyDoesNotStartTheNextStep", WRONG "key Left", "47 + 35 9 | FAUX"},
+      "47 + 35 = 82 | Bravo | Score = 1 | Tu dois réussir 10 opérations sans te tromper"},
+     {"digitStartsTheNextStepAndIsNotTyped", WRONG "key 7", "47 + 35 | 47 + 30 = ?"},
+     {"leftKeyDoesNotStartTheNextStep", WRONG "key Left", "47 + 35 = 9 | FAUX"},
      {"rightKeyAndArrowImageDoNothingAfterTheLastStep", ALL_STEPS_WRONG "key Right\nclick flèche",
-      "47 + 3 | 47 + 30 =77 | 77 + 5 =9 | FAUX"},
+      "47 + 35 | 47 + 30 = 77 | 77 + 5 = 9 | FAUX"},
      {"digitsAreIgnoredAfterTheRightAnswer", ADDITION "set score 1\nkey 8\nkey 2\nkey Enter\nkey 5",
-      "47 + 35 82 | Bravo | Score = 2"},
-     {"timeLimitWithoutAnswerShowsInstruction", ADDITION "wait 30000", "47 + 35" TIME_LIMIT_TEXT},
+      "47 + 35 = 82 | Bravo | Score = 2"},
+     {"timeLimitWithoutAnswerShowsInstruction", ADDITION "wait 30000", "47 + 35 =" TIME_LIMIT_TEXT},
      {"timeLimitIsNotReachedAfter29999Milliseconds", ADDITION "wait 29999", "47 + 35 = ?"},
-     {"timeLimitRejectsWrongAnswer", ADDITION "key 9\nwait 30000", "47 + 35 9 | FAUX" TIME_LIMIT_TEXT},
+     {"timeLimitRejectsWrongAnswer", ADDITION "key 9\nwait 30000", "47 + 35 = 9 | FAUX" TIME_LIMIT_TEXT},
      {"timeLimitAcceptsRightAnswer", ADDITION "set score 1\nkey 8\nkey 2\nwait 30000",
-      "47 + 35 82 | Bravo | Score = 2"},
+      "47 + 35 = 82 | Bravo | Score = 2"},
      {"returningRestartsTheTimeLimit",
       ADDITION "wait 20000\nfront accueil\n" SUBTRACTION "front addition\nwait 20000", "82 - 35 = ?"},
      {"timeLimitRunsOnTheHomeScreen", ADDITION "key Escape\nwait 30000\nclick Commande1",
-      "47 + 3 | 47 + 30 = ?"},
+      "47 + 35 | 47 + 30 = ?"},
      {"returningAtTheFirstAttemptDrawsANewOperation", ADDITION "key Escape\n" SUBTRACTION "click Commande1",
       "82 - 35 = ?"},
      {"returningDuringAStepDrawsItAgain", STEP_1 "key 5\nkey Escape\nclick Commande1",
-      "47 + 3 | 47 + 30 =5 ??"},
-     {"unknownStepDrawsNothing", STEP_1 "set essai 4\nfront accueil\nfront addition", "47 + 3 | 47 + 30 = ?"},
+      "47 + 35 | 47 + 30 = 5??"},
+     {"unknownStepDrawsNothing", STEP_1 "set essai 4\nfront accueil\nfront addition",
+      "47 + 35 | 47 + 30 = ?"},
      {"wrongAnswerAtUnknownStepIsRejected", ADDITION "set essai 32767\nset score 0\nkey 9\nkey Enter",
-      "47 + 35 9 | FAUX"});
+      "47 + 35 = 9 | FAUX"});
 
 TEST(AdditionScore, risesOnRightFirstAttemptAndFallsOnEveryWrongAnswer) {
   const auto score = [](std::string_view scenario) { return int{ScenarioSession(scenario).shared().score}; };
@@ -80,7 +80,6 @@ TEST(AdditionScore, risesOnRightFirstAttemptAndFallsOnEveryWrongAnswer) {
 #define LONG_DIVISION DIVISION_WRONG "key x\n"
 #define CLOSING_TEXT "en cas d'erreur, la correction est affichée en rouge"
 
-// On the recording platform, there is no gap between "12 x 4" and "=".
 class MultiplicationAndDivision : public testing::TestWithParam<Row> {};
 
 TEST_P(MultiplicationAndDivision, showsExpectedText) {
@@ -89,11 +88,12 @@ TEST_P(MultiplicationAndDivision, showsExpectedText) {
 
 ROWS(MultiplicationAndDivision,
      {"multiplicationTimeLimitShowsInstruction", MULTIPLICATION "wait 30000",
-      "12 x 4= | tu dois répondre en moins de 30 secondes"},
+      "12 x 4 = | tu dois répondre en moins de 30 secondes"},
      {"rightKeyDoesNothingAfterWrongSum", UNITS_RIGHT "key 9\nkey Enter\nkey Right",
-      "10 x 4= 40 | + 2 x 4= 8 | 12 x 4= 9 | FAUX"},
-     {"unknownMultiplicationStepDrawsNothing", MULTIPLICATION_WRONG "set essai 5\nkey x", "12 x 4= 9 | FAUX"},
-     {"noAnswerIsRightAtUnknownStep", MULTIPLICATION "set essai 4\nkey 0\nkey Enter", "12 x 4= 0 | FAUX"},
+      "10 x 4 = 40 | + 2 x 4 = 8 | 12 x 4 = 9 | FAUX"},
+     {"unknownMultiplicationStepDrawsNothing", MULTIPLICATION_WRONG "set essai 5\nkey x",
+      "12 x 4 = 9 | FAUX"},
+     {"noAnswerIsRightAtUnknownStep", MULTIPLICATION "set essai 4\nkey 0\nkey Enter", "12 x 4 = 0 | FAUX"},
 
      {"leadingZeroOfQuotientIsIgnored", DIVISION "key 0", "48 : 2 = ?"},
      {"laterZeroOfQuotientIsAccepted", DIVISION "key 2\nkey 0", "48 : 2 = 20 ?"},

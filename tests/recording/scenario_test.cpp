@@ -16,7 +16,8 @@ constexpr const char* malformed =
     "click\nfront home\nclose addition\nwait -1\nwait 1.5\nwait 86400001\nwait 99999999999999999999\n"
     "rnd\nrnd 0.5 1\nrnd -0.1\nrnd nan\nrnd 0.5x\n"
     "set\nset essai\nset reponse 1\nset essai 32768\nset couleur 16\nset enAttente 2\n"
-    "set reussies 1 2 3\nset effectuees 1 2 3 4 5\nset reussies 1 2 3 32768\nstate all\n";
+    "set reussies 1 2 3\nset effectuees 1 2 3 4 5\nset reussies 1 2 3 32768\nstate all\n"
+    "layout\nlayout home\nlayout accueil addition\n";
 
 TEST(Scenario, malformedLineIsRejectedAndHasNoEffect) {
   ScenarioSession session("state");
@@ -41,6 +42,23 @@ TEST(Scenario, setChangesEveryVariable) {
       "consigne=\"\" "
       "score=5 essai=6 enAttente=1 nbOperations=7 operation=\"\" termes2=\"\" termes3=\"\" resultat=32767 "
       "reussies=1,2,3,4 effectuees=5,6,7,8 rnd=2");
+}
+
+/// The transcripts have the other screens. The caption of `mail` depends on the build.
+TEST(Scenario, layoutPrintsTheGoodbyeScreen) {
+  ScenarioSession session("layout Aurevoir");
+  EXPECT_EQ(
+      session.takeEffects({"layout Aurevoir screen", "layout Aurevoir pictureBox", "layout Aurevoir image",
+                           "layout Aurevoir label Label2"}),
+      "layout Aurevoir screen \"\" toolWindow \"Arial\" 15.75 regular #ffffff, "
+      "layout Aurevoir pictureBox Picture1 7560 7920 495 495 farewell #ffffff, "
+      "layout Aurevoir image flèche 11280 4200 480 480 arrow visible, "
+      "layout Aurevoir label Label2 7440 3960 3015 1095 \"Au revoir\" \"Brush Script MT\" 36 italic #ff0000 "
+      "#ffffff left none");
+  ScenarioSession mail("layout Aurevoir");
+  EXPECT_EQ(mail.takeEffects({"layout Aurevoir label mail"})
+                .find("layout Aurevoir label mail 8760 8040 3075 285 \""),
+            0U);
 }
 
 TEST(Scenario, blanksAndCommentsAreIgnored) {
