@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "challenge/mixed_operations.h"
+#include "tests/core/operation.h"
 #include "tests/core/operation_sampler.h"
 #include "tests/core/rows.h"
 #include "tests/core/scenario_session.h"
 
 #include <cmath>
-#include <sstream>
 
 namespace chiffrolo::test {
 
@@ -91,19 +91,6 @@ TEST(ChallengeScore, isResetByTheResultsScreen) {
 
 // ---- The operations ----------------------------------------------------------------------------------
 
-struct DrawnOperation {
-  MixedOperation operation;
-  int left{};
-  int right{};
-};
-
-DrawnOperation draw(const std::array<SaturatingInt16, 5>& rightAnswers, RandomNumbers& random) {
-  DrawnOperation drawn{drawMixedOperation(rightAnswers, random)};
-  char sign = ' ';
-  std::istringstream(drawn.operation.text) >> drawn.left >> sign >> drawn.right;
-  return drawn;
-}
-
 /// Whether the tens are `lowestTens` to `highestTens` and the units 1 to 9.
 bool isTwoDigits(int number, int lowestTens, int highestTens) {
   return number % 10 != 0 && number / 10 >= lowestTens && number / 10 <= highestTens;
@@ -114,30 +101,29 @@ TEST(MixedOperations, areUniformWithinTheRangesOfTheirKind) {
   Counts<int> kinds, additionAnswers, subtractionAnswers, quotients, productNumbers;
   Counts<bool> multiplierFirst;
   for (int count = 0; count < 200000; ++count) {
-    const auto [operation, left, right] = draw({}, random);
-    const int answer = operation.answer;
-    ++kinds[operation.kind];
-    switch (operation.kind) {
-    case kind::addition:
-      ASSERT_EQ(answer, left + right);
-      ASSERT_TRUE(answer > 40 && left >= 11 && left <= 98 && isTwoDigits(right, 1, 9)) << operation.text;
-      ++additionAnswers[answer];
+    const auto drawn = drawMixedOperation({}, random);
+    const auto operation = parsed(drawn.text);
+    const auto [left, sign, right] = operation;
+    ASSERT_EQ(drawn.answer, operation.result()) << drawn.text;
+    ++kinds[drawn.kind];
+    switch (sign) {
+    case '+':
+      ASSERT_TRUE(left >= 11 && left <= 98 && isTwoDigits(right, 1, 9)) << drawn.text;
+      ++additionAnswers[drawn.answer];
       break;
-    case kind::subtraction:
-      ASSERT_EQ(answer, left - right);
-      ASSERT_TRUE(isTwoDigits(answer, 2, 8) && isTwoDigits(right, 2, 9)) << operation.text;
-      ++subtractionAnswers[answer];
+    case '-':
+      ASSERT_TRUE(isTwoDigits(drawn.answer, 2, 8) && isTwoDigits(right, 2, 9)) << drawn.text;
+      ++subtractionAnswers[drawn.answer];
       break;
-    case kind::multiplication:
-      ASSERT_EQ(answer, left * right);
-      ASSERT_TRUE(isTwoDigits(std::max(left, right), 2, 9) && std::min(left, right) >= 2) << operation.text;
+    case 'x':
+      ASSERT_TRUE(isTwoDigits(std::max(left, right), 2, 9) && std::min(left, right) >= 2) << drawn.text;
       ++productNumbers[std::max(left, right)];
       ++multiplierFirst[left < right];
       break;
     default:
-      ASSERT_EQ(answer * right, left);
-      ASSERT_TRUE(isTwoDigits(answer, 1, 9) && right >= 2 && right <= 9) << operation.text;
-      ++quotients[answer];
+      ASSERT_EQ(drawn.answer * right, left) << drawn.text;
+      ASSERT_TRUE(isTwoDigits(drawn.answer, 1, 9) && right >= 2 && right <= 9) << drawn.text;
+      ++quotients[drawn.answer];
     }
   }
   EXPECT_TRUE(isUniform(kinds, 4));
@@ -153,13 +139,17 @@ TEST(MixedOperations, haveKindsThatStillNeedRightAnswers) {
   RandomNumbers random([] { return 7U; }); // constant time of day
   Counts<int> kinds;
   for (int count = 0; count < 10000; ++count)
-    ++kinds[draw({0, 5, 2, 5, 4}, random).operation.kind];
+    ++kinds[drawMixedOperation({0, 5, 2, 5, 4}, random).kind];
   EXPECT_TRUE(isUniform(kinds, 2)) << "only subtractions and divisions";
   EXPECT_EQ(kinds.begin()->first, kind::subtraction);
-  for (int count = 0; count < 100; ++count)
-    ASSERT_EQ(draw({0, 5, 5, 5, 4}, random).operation.kind, kind::division);
+  for (int needed = kind::addition; needed <= kind::division; ++needed) {
+    std::array<SaturatingInt16, 5> rightAnswers{0, 5, 5, 5, 5};
+    rightAnswers[static_cast<std::size_t>(needed)] = 4;
+    for (int count = 0; count < 30; ++count)
+      ASSERT_EQ(drawMixedOperation(rightAnswers, random).kind, needed);
+  }
   random.give(0.6); // draws kind 3
-  EXPECT_EQ(draw({0, 5, 5, 5, 5}, random).operation.kind, kind::multiplication);
+  EXPECT_EQ(drawMixedOperation({0, 5, 5, 5, 5}, random).kind, kind::multiplication);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "modes/long_division.h"
+#include "tests/core/operation.h"
 #include "tests/core/operation_sampler.h"
 
 #include <gtest/gtest.h>
@@ -7,27 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <sstream>
 
 namespace chiffrolo::test {
 
 namespace {
 
 constexpr int drawCount = 100000;
-
-struct Operation {
-  int left{};
-  char sign{};
-  int right{};
-};
-
-/// "47x3" gives 47, 'x', 3. Blanks are ignored.
-Operation parsed(std::string text) {
-  std::erase(text, ' ');
-  Operation operation;
-  std::istringstream(text) >> operation.left >> operation.sign >> operation.right;
-  return operation;
-}
 
 class DrawnOperations : public testing::TestWithParam<int> {
 protected:

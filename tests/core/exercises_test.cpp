@@ -42,6 +42,8 @@ ROWS(Addition, {"fifthDigitIsIgnored", ADDITION "key 1\nkey 2\nkey 3\nkey 4\nkey
      {"timeLimitWithoutAnswerShowsInstruction", ADDITION "wait 30000", "47 + 35 =" TIME_LIMIT_TEXT},
      {"timeLimitIsNotReachedAfter29999Milliseconds", ADDITION "wait 29999", "47 + 35 = ?"},
      {"timeLimitRejectsWrongAnswer", ADDITION "key 9\nwait 30000", "47 + 35 = 9 | FAUX" TIME_LIMIT_TEXT},
+     {"timeLimitRunsForTheNextOperation",
+      ADDITION "key 8\nkey 2\nkey Enter\n" SUBTRACTION "key Enter\nwait 30000", "82 - 35 =" TIME_LIMIT_TEXT},
      {"timeLimitAcceptsRightAnswer", ADDITION "set score 1\nkey 8\nkey 2\nwait 30000",
       "47 + 35 = 82 | Bravo | Score = 2"},
      {"returningRestartsTheTimeLimit",
@@ -111,7 +113,28 @@ ROWS(MultiplicationAndDivision,
       "set essai 3\nrnd 0.1517 0\nkey Right\nkey 9\nkey Enter\nkey x", "48 : 2 = 9 | FAUX | ? | 2"},
      {"indexBeyondTheDigitsEndsTheCorrection", LONG_DIVISION "set essai 7\nkey 2\nkey 0",
       "4 8 | 2 | ? | Score = 0 | " CLOSING_TEXT},
+     {"digitsAreIgnoredAfterTheCorrection", LONG_DIVISION "key 2\nkey 0\nkey 4\nkey 0\nkey 5",
+      "4 8 | 2 | 0 8 | 2 4 | 0 | Score = 0 | " CLOSING_TEXT},
+     {"nextCorrectionBeginsWithTheQuotient",
+      LONG_DIVISION "key 2\nkey 0\nkey 4\nkey 0\nrnd 0 0\nkey Enter\nkey 9\nkey Enter\nkey x\nkey 1",
+      "2 2 | 2 | ? | 1"},
      {"stepZeroDrawsTheLayout", LONG_DIVISION "key 2\nset essai 0\nkey 0", "4 8 | 2 | ?"});
+
+/// Returning draws the step again, after a digit was typed in blue.
+TEST(Addition, firstGuidedStepIsRed) {
+  ScenarioSession session(STEP_1 "key 5\nkey Escape");
+  session.takeEffects({});
+  session.play("click Commande1");
+  EXPECT_EQ(session.takeEffects({"addition text 60 140"}),
+            "addition text 60 140 \"Times new roman\" 28 #ff0000 \"4\"");
+}
+
+TEST(Division, nextOperationHidesTheImages) {
+  ScenarioSession session(DIVISION "key 2\nkey 4\nkey Enter");
+  session.takeEffects({});
+  session.play("key Enter");
+  EXPECT_EQ(session.takeEffects({"division hide"}), "division hide flèche, division hide arret");
+}
 
 TEST(Division, titleIsCorrectionDuringACorrection) {
   ScenarioSession session(LONG_DIVISION "key 2\nkey Escape");
