@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Updates the pictures of the guide: plays the tour and copies the pictures that the guide shows.
+"""Updates the pictures of the guide and of README.md: plays the tour and copies the pictures that they show.
 
 Usage: take_pictures.py [PROGRAM [FOLDER]]
-Defaults: the program that `./run` builds, and the folder of the guide's pictures.
+Defaults: the program that `./run` builds, and the folder of this script. The guide's pictures are in FOLDER/guide.
 """
 
 import re
@@ -18,10 +18,10 @@ TOUR = ROOT / "tour"
 sys.path.insert(0, str(TOUR))
 
 from picture import Area, Picture
-from screens import ContentArea
+from screens import content_corner
 
 GUIDE = DOCS / "guide.md"
-PICTURE_FOLDER = DOCS / "guide"
+README_PICTURE = "addition-etape-1"  # README.md shows it as addition.png
 PICTURE_LINK = re.compile(r"!\[([^\]]*)\]\(guide/([^)]*)\.png\)")  # groups: alternative text, name
 
 MARGIN = 24  # pixels of white around the contents of a screen
@@ -34,20 +34,21 @@ def names_in_guide() -> list[str]:
 
 
 def take(program: Path, folder: Path) -> int:
-    """Returns the exit status. With status 0, the folder contains exactly the pictures that the guide shows."""
+    """Returns the exit status. With status 0, the subfolder contains exactly the pictures that the guide shows."""
     with tempfile.TemporaryDirectory() as scratch:
         subprocess.run([sys.executable, "-B", TOUR / "tour.py", program, scratch], check=True)
         taken = {path.stem.partition("-")[2]: path for path in Path(scratch).glob("*.png")}
-        missing = sorted(set(names_in_guide()) - set(taken))
+        missing = sorted({README_PICTURE, *names_in_guide()} - set(taken))
         if missing:
-            print(f"Pictures of the guide that the tour does not take: {', '.join(missing)}", file=sys.stderr)
+            print(f"Pictures that the tour does not take: {', '.join(missing)}", file=sys.stderr)
             return 1
-        replace_pictures(folder, {name: taken[name] for name in names_in_guide()})
+        replace_pictures(folder / "guide", {name: taken[name] for name in names_in_guide()})
+        prepare(taken[README_PICTURE], folder / "addition.png")
     return 0
 
 
 def replace_pictures(folder: Path, taken: dict[str, Path]) -> None:
-    folder.mkdir(exist_ok=True)
+    folder.mkdir(parents=True, exist_ok=True)
     for old in folder.glob("*.png"):
         old.unlink()
     for name, path in taken.items():
@@ -65,14 +66,14 @@ def prepare(taken: Path, shown: Path) -> None:
 
 def crop_to_content_area(picture: Picture) -> Picture:
     """The frame has the same width on the left, on the right and at the bottom."""
-    content = ContentArea(picture)
-    return picture.crop(Area(content.left, content.top, picture.width - content.left, picture.height - content.left))
+    left, top = content_corner(picture)
+    return picture.crop(Area(left, top, picture.width - left, picture.height - left))
 
 
 def main(arguments: list[str]) -> int:
     if len(arguments) > 2:
         sys.exit(__doc__)
-    program, folder = [*arguments, *(ROOT / "build" / "chiffrolo", PICTURE_FOLDER)[len(arguments) :]]
+    program, folder = [*arguments, *(ROOT / "build" / "chiffrolo", DOCS)[len(arguments) :]]
     return take(Path(program).absolute(), Path(folder))
 
 

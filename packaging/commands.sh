@@ -12,7 +12,7 @@ packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
 packages_to_package=(appstream appstream-util desktop-file-utils dpkg-dev lintian reuse)
 packages_to_test=(libgtest-dev librsvg2-bin python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core
     openbox xfwm4 metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace
-    "${packages_to_package[@]}" fakeroot libglib2.0-bin)
+    dpkg-dev fakeroot libglib2.0-bin)
 packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
@@ -114,6 +114,14 @@ compile() {
     configure "$1"
     shift
     run_quietly "$build/build.log" cmake --build "$build" "$@" || fail "The build failed."
+}
+
+# Makes the Debian package of the built program. It is the only one in the build folder.
+make_package() {
+    print_line "Making the Debian package"
+    rm -f -- "$build"/chiffrolo_*.deb
+    run_quietly "$build/package.log" cpack --config "$build/CPackConfig.cmake" -B "$build" ||
+        fail "Making the Debian package failed."
 }
 
 mkdir -p -- "$build"

@@ -192,6 +192,7 @@ class Desktop:
         variables: dict[str, str] | None = None,
     ):
         """`folder` is the working directory of the program, `variables` are additional environment variables."""
+        self.path = path
         self.display = Display()
         self._environment: DesktopEnvironment | None = None
         self._program: Program | None = None

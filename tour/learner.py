@@ -8,8 +8,9 @@ from typing import NamedTuple
 
 import text_recognition
 from desktop import Desktop
-from picture import Area, Colour
-from screens import ARROWS, BLUE, HOME_BUTTONS, LIGHT_CYAN, LIGHT_RED, RED, ContentArea, points
+from layouts import read_layouts
+from picture import Area, Colour, Picture
+from screens import BLUE, LIGHT_CYAN, LIGHT_RED, RED, ContentArea, points
 
 OPERATION = re.compile(r"(\d+)([-+x:])(\d+)=")
 RESULTS: dict[str, Callable[[int, int], int]] = {"+": add, "-": sub, "x": mul, ":": floordiv}
@@ -38,6 +39,7 @@ class Learner:
 
     def __init__(self, desktop: Desktop):
         self.desktop = desktop
+        self.layouts = read_layouts(desktop.path)
 
     # ---- Screens ----------------------------------------------------------------------------------------
 
@@ -45,7 +47,10 @@ class Learner:
         return self.wait_for(f"the screen {screen}", lambda content: content.shows(screen))
 
     def wait_for(self, what: str, condition: Callable[[ContentArea], bool]) -> ContentArea:
-        return ContentArea(self.desktop.wait_for(what, lambda picture: condition(ContentArea(picture))))
+        def content(picture: Picture) -> ContentArea:
+            return ContentArea(picture, self.layouts)
+
+        return content(self.desktop.wait_for(what, lambda picture: condition(content(picture))))
 
     def wait_for_start(self) -> ContentArea:
         """Waits for the home screen and the keyboard focus."""
@@ -55,14 +60,16 @@ class Learner:
 
     def open(self, screen: str) -> ContentArea:
         """Clicks its button on the home screen."""
-        self.click(self.wait_for_screen("accueil"), HOME_BUTTONS[screen])
+        self.click("accueil", HOME_BUTTONS[screen])
         return self.wait_for_screen(screen)
 
-    def click(self, content: ContentArea, area: Area) -> None:
-        self.desktop.click_area(content.on_display(area))
+    def click(self, screen: str, control: str) -> None:
+        """Waits for the screen."""
+        content = self.wait_for_screen(screen)
+        self.desktop.click_area(content.on_display(self.layouts[screen].places[control]))
 
     def click_arrow(self, screen: str) -> None:
-        self.click(self.wait_for_screen(screen), ARROWS[screen])
+        self.click(screen, "flèche")
 
     # ---- An exercise ------------------------------------------------------------------------------------
 
@@ -99,6 +106,15 @@ class Learner:
     def submit(self, answer: int) -> None:
         self.desktop.press(*str(answer), "Return")
 
+
+# By the name of the screen that they open.
+HOME_BUTTONS = {
+    "addition": "Commande1",
+    "multiplication": "Commande2",
+    "division": "Commande3",
+    "record": "Commande4",
+    "Aurevoir": "Commande5",
+}
 
 STOPWATCH = points(195, 25, 279, 60)
 STOPWATCH_LINE = points(198, 30, 277, 60)

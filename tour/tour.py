@@ -3,6 +3,7 @@
 """Plays through the screens of the program on a virtual display and saves a picture of each.
 
 Usage: tour.py PROGRAM FOLDER
+`scenario` must stand beside the program.
 """
 
 import signal
@@ -12,7 +13,7 @@ from pathlib import Path
 
 from desktop import Desktop, WaitFailed
 from learner import Operation, Learner
-from screens import ARROWS, ContentArea
+from screens import ContentArea
 from text_recognition import Unreadable
 
 WRONG = 1  # never the right answer
@@ -60,8 +61,8 @@ class Tour:
         for _ in range(1, OBJECTIVE):
             self.answer_correctly("addition")
             self.desktop.press("Right")
-        content = self.pictures.save("felicitations", self.learner.wait_for_screen("FIN"))
-        self.learner.click(content, ARROWS["FIN"])
+        self.pictures.save("felicitations", self.learner.wait_for_screen("FIN"))
+        self.learner.click_arrow("FIN")
 
     def wrong_addition(self) -> None:
         content, _ = self.learner.wait_for_operation("addition")
@@ -114,8 +115,8 @@ class Tour:
         for _ in range(1, CHALLENGE):
             self.answer_correctly("record")
             self.desktop.press("Right")
-        content = self.pictures.save("record-resultats", self.learner.wait_for_screen("FIN2"))
-        self.learner.click(content, ARROWS["FIN2"])
+        self.pictures.save("record-resultats", self.learner.wait_for_screen("FIN2"))
+        self.learner.click_arrow("FIN2")
 
     def wrong_operation_of_challenge(self) -> None:
         self.learner.wait_for_operation("record")
@@ -127,8 +128,8 @@ class Tour:
     def goodbye(self) -> int:
         self.learner.wait_for_screen("accueil")
         self.desktop.press("Escape")
-        content = self.pictures.save("au-revoir", self.learner.wait_for_screen("Aurevoir"))
-        self.learner.click(content, ARROWS["Aurevoir"])
+        self.pictures.save("au-revoir", self.learner.wait_for_screen("Aurevoir"))
+        self.learner.click_arrow("Aurevoir")
         return self.desktop.program.exit_status()
 
     def answer_one_right_one_wrong(self, screen: str) -> Operation:
