@@ -21,6 +21,9 @@ def program_path() -> Path:
     return Path(os.environ.get("CHIFFROLO", default)).absolute()
 
 
+os.environ.setdefault("CHIFFROLO_SCENARIO", str(program_path().with_name("scenario")))
+
+
 def answer_addition(learner: Learner) -> ContentArea:
     """Waits for the operation, gives the right answer and waits for "Bravo"."""
     _, operation = learner.wait_for_operation("addition")
@@ -37,7 +40,10 @@ class WindowCase(unittest.TestCase):
         self.desktop = self.enterContext(Desktop(program_path(), self.environment))
         self.learner = Learner(self.desktop)
 
-    def answer_addition(self) -> ContentArea:
+    os.environ.setdefault("CHIFFROLO_SCENARIO", str(program_path().with_name("scenario")))
+
+
+def answer_addition(self) -> ContentArea:
         return answer_addition(self.learner)
 
     def assert_near(self, found: Area | None, expected: Area, tolerance: int = 1) -> None:
