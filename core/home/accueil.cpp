@@ -11,15 +11,6 @@ using enum ScreenName;
 
 AccueilScreen::AccueilScreen(ScreenHost& host) : Screen(host, layoutOf(accueil)) {}
 
-void AccueilScreen::Form_Load() {
-  for (const auto screen : {FIN, FIN2, addition, multiplication, division, record})
-    Unload(screen);
-  shared.score = 0;
-  shared.enAttente = 0;
-  shared.nbOperations = 0;
-  shared.essai = 0;
-}
-
 void AccueilScreen::Form_KeyDown(int code) {
   if (code == keyCode::right) OuvrirEcran();
 }

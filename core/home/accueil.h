@@ -5,12 +5,12 @@
 
 namespace chiffrolo {
 
-/// The home screen. Buttons open the five activities; keys open them in turn. It is never unloaded.
+/// The home screen. Buttons open the five activities; keys open them in turn. It is loaded once, when the
+/// program starts: nothing is to be reset then.
 class AccueilScreen final : public Screen {
 public:
   explicit AccueilScreen(ScreenHost& host);
 
-  void Form_Load() override;
   void Form_KeyDown(int code) override;
   void Form_KeyPress(char32_t typed) override;
 
