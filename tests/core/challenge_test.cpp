@@ -35,6 +35,11 @@ ROWS(Challenge, {"enterShowsCorrection", WRONG "key Enter", "20 + 47 = 67 | Scor
       "0 0 3 2 | 20 + 47 = 67 | Bravo | Score = 1 | Tu dois réussir 20 opérations le plus rapidement "
       "possible"},
      {"unknownStepDrawsNothing", CHALLENGE "set essai 2\nkey x", "20 + 47 = ?"},
+     {"secondChallengeStartsFromZero",
+      CHALLENGE
+      "set chrono 50\nset effectuees 6 7 8 9\nset reussies 5 5 5 4\nset nbOperations 19\nkey Escape\n"
+      "key Enter\n" CHALLENGE "key Escape",
+      TABLE("1 | 0 | 0 %", "0 | 0", "1 | 0 | 0 %")},
      {"successRatesAreTruncated", CHALLENGE "set effectuees 6 7 0 0\nset reussies 5 5 0 0\nkey Escape",
       TABLE("6 | 5 | 83 %", "7 | 5 | 71 %", "13 | 10 | 76 %")});
 

@@ -45,6 +45,15 @@ TEST(Scenario, setChangesEveryVariable) {
 }
 
 /// The transcripts have the other screens. The caption of `mail` depends on the build.
+TEST(Scenario, keysHaveTheirCharacterCodes) {
+  for (const auto& [key, code] :
+       {std::pair{"Enter", 13}, {"Escape", 27}, {"Backspace", 8}, {"Space", 32}, {"é", 233}}) {
+    ScenarioSession session(std::string("click Commande1\nkey ") + key + "\nstate");
+    EXPECT_NE(session.takeEffects({"state"}).find(" touche=" + std::to_string(code) + " "), std::string::npos)
+        << key;
+  }
+}
+
 TEST(Scenario, layoutPrintsTheGoodbyeScreen) {
   ScenarioSession session("layout Aurevoir");
   EXPECT_EQ(
