@@ -31,12 +31,12 @@ std::string written(int left, const char* sign, int right) {
 
 MixedOperation drawAddition(RandomNumbers& random) {
   constexpr int tooEasy = 40;
-  int left = 0;
-  int right = 0;
-  while (left + right <= tooEasy) {
+  int left{};
+  int right{};
+  do {
     left = random.whole(88, 11);
     right = drawTwoDigits(random, 9, 1);
-  }
+  } while (left + right <= tooEasy);
   return {kind::addition, written(left, " + ", right), left + right};
 }
 
