@@ -12,10 +12,12 @@ import tempfile
 import time
 from collections.abc import Callable
 from pathlib import Path
+from typing import TypeVar
 
 from picture import Area, Picture
 
 TIMEOUT = 20.0  # seconds; long enough for every step on a busy machine
+Found = TypeVar("Found")
 
 
 class WaitFailed(AssertionError):
@@ -162,6 +164,8 @@ class Program:
 class DesktopEnvironment:
     """What runs on the display besides the program. This base class: nothing, not even a window manager."""
 
+    panel_height = 0  # pixels, at the top edge of the display
+
     def __init__(self, display: Display):
         self.display = display
 
@@ -267,12 +271,14 @@ class Desktop:
         self.display.close()
 
 
-def wait_until(what: str, condition: Callable[[], bool]) -> None:
+def wait_until(what: str | Callable[[], str], condition: Callable[[], Found]) -> Found:
+    """Returns the first result of the condition that is true. A function `what` is called after a timeout."""
     end = time.monotonic() + TIMEOUT
-    while not condition():
+    while not (found := condition()):
         if time.monotonic() > end:
-            raise WaitFailed(f"timeout after {TIMEOUT:.0f} s: {what}")
+            raise WaitFailed(f"timeout after {TIMEOUT:.0f} s: {what() if callable(what) else what}")
         time.sleep(0.02)
+    return found
 
 
 def _save(picture: Picture) -> str:

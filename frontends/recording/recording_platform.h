@@ -12,8 +12,8 @@ namespace chiffrolo {
 class RecordingWindow;
 
 /// A front end without a window: it prints what the program draws and shows. Every content area is 960 points
-/// wide and 720 high. A character is (size + 1) / 2 points wide, a blank half of that, about the proportions of
-/// real fonts; a line is 1.25 × size high. The clock advances only in `wait`.
+/// wide and 720 high. A character is (size + 1) / 2 points wide, a blank half of that, about the proportions
+/// of real fonts; a line is 1.25 × size high. The clock advances only in `wait`.
 class RecordingPlatform final : public Platform {
 public:
   /// Receives one line of the transcript, without its line end.

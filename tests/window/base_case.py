@@ -10,17 +10,16 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tour"))  # the tests share their helpers with the tour
 
 from desktop import Desktop, DesktopEnvironment
-from picture import Area
 from learner import Learner
 from screens import ContentArea
 
 
 def program_path() -> Path:
     """From the variable CHIFFROLO; by default, the program that `./run` builds."""
-    default = ROOT / "build" / "chiffrolo"
-    return Path(os.environ.get("CHIFFROLO", default)).absolute()
+    return Path(os.environ.get("CHIFFROLO", ROOT / "build" / "chiffrolo")).absolute()
 
 
+# Also for tests that start the program by a script in another folder.
 os.environ.setdefault("CHIFFROLO_SCENARIO", str(program_path().with_name("scenario")))
 
 
@@ -32,26 +31,11 @@ def answer_addition(learner: Learner) -> ContentArea:
 
 
 class WindowCase(unittest.TestCase):
-    """Fixture: each test has its own desktop with the program."""
+    """Fixture: each test has its own desktop with the program, which shows the home screen and has the focus."""
 
     environment = DesktopEnvironment
 
     def setUp(self) -> None:
         self.desktop = self.enterContext(Desktop(program_path(), self.environment))
         self.learner = Learner(self.desktop)
-
-    os.environ.setdefault("CHIFFROLO_SCENARIO", str(program_path().with_name("scenario")))
-
-
-def answer_addition(self) -> ContentArea:
-        return answer_addition(self.learner)
-
-    def assert_near(self, found: Area | None, expected: Area, tolerance: int = 1) -> None:
-        """`tolerance` is in pixels, for each edge."""
-        self.assertIsNotNone(found, f"nothing found near {expected}")
-        distance = max(abs(one - other) for one, other in zip(found, expected))
-        self.assertLessEqual(distance, tolerance, f"{found} is not near {expected}")
-
-    def assert_clean_exit(self) -> None:
-        self.assertEqual(self.desktop.program.exit_status(), 0)
-        self.assertEqual(self.desktop.program.error_output(), "")
+        self.learner.wait_for_start()

@@ -7,17 +7,10 @@ from pathlib import Path
 
 import Xlib.display
 from Xlib import Xatom, Xutil
-from desktop import (
-    DesktopEnvironment,
-    Display,
-    end_process,
-    start_without_output,
-    variables_without_display,
-    wait_until,
-)
+from desktop import DesktopEnvironment, Display
+from desktop import end_process, start_without_output, variables_without_display, wait_until
 
 PANEL_HEIGHT = 40  # pixels
-WAYLAND_PANEL_HEIGHT = 32  # pixels, fixed by weston
 WAYLAND_PANEL_COLOUR = (0x40, 0x40, 0x40)
 
 
@@ -28,7 +21,6 @@ class Panel:
     """
 
     def __init__(self, display: Display):
-        self._display = display
         self._connection = Xlib.display.Display(display.name)
         screen = self._connection.screen()
         self._root = screen.root
@@ -43,8 +35,7 @@ class Panel:
     def is_reserved(self) -> bool:
         """Whether the window manager has removed the top edge from the work area."""
         work_area = self._root.get_full_property(self._atom("_NET_WORKAREA"), Xatom.CARDINAL)
-        expected = [0, PANEL_HEIGHT, self._display.width, self._display.height - PANEL_HEIGHT]
-        return work_area is not None and list(work_area.value[:4]) == expected
+        return work_area is not None and work_area.value[1] == PANEL_HEIGHT
 
     def close(self) -> None:
         self._connection.close()
@@ -70,6 +61,7 @@ class Scratch(tempfile.TemporaryDirectory):
 class WindowManager(DesktopEnvironment):
     """A window manager and a panel."""
 
+    panel_height = PANEL_HEIGHT
     command: list[str]
 
     def __init__(self, display: Display):
@@ -125,6 +117,7 @@ class Metacity(WindowManager):
 class Weston(DesktopEnvironment):
     """A Wayland compositor whose screen is the only window of the X display."""
 
+    panel_height = 32  # fixed by weston
     socket = "chiffrolo"
     settings = """
 [core]
@@ -159,8 +152,8 @@ locking=false
     def synchronise_pointers(self) -> None:
         """Moves the pointer to two corners. There, the positions of the X display and the compositor become equal:
         the compositor adds up relative movements from its own start position, and both stop at the edges."""
-        positions = ((self.display.width - 1, self.display.height - 1), (0, 0), self.empty_position_on_panel())
-        for x, y in positions:
+        last_corner = self.display.width - 1, self.display.height - 1
+        for x, y in (last_corner, (0, 0), self.empty_position_on_panel()):
             self.display.run("xdotool", "mousemove", str(x), str(y))
 
     def empty_position_on_panel(self) -> tuple[int, int]:

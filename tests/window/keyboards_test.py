@@ -9,7 +9,7 @@ import unittest
 from typing import NamedTuple
 
 from base_case import WindowCase
-from desktop import DesktopEnvironment, Display
+from desktop import Display
 from desktop_environments import Weston
 
 
@@ -20,6 +20,7 @@ def codes(first: int, digits: str) -> dict[str, str]:
 
 DIGIT_ROW = codes(10, "1234567890")
 KEYPAD = codes(79, "789") | codes(83, "456") | codes(87, "1230")
+RIGHT_OF_ZERO, SECOND_RIGHT_OF_ZERO, LEFT_OF_RIGHT_SHIFT = "20", "21", "61"
 SHIFT, ALT_GR, CAPS_LOCK, NUM_LOCK = "50", "108", "66", "77"
 
 
@@ -30,8 +31,6 @@ class Layout(NamedTuple):
     equals: str
     equals_needs_shift: bool = False
 
-
-RIGHT_OF_ZERO, SECOND_RIGHT_OF_ZERO, LEFT_OF_RIGHT_SHIFT = "20", "21", "61"
 
 FRENCH = Layout("fr", "", True, SECOND_RIGHT_OF_ZERO)
 LAYOUTS = [
@@ -48,57 +47,43 @@ LAYOUTS = [
 class KeyboardCase(WindowCase):
     """Fixture: plays additions. Escape and Right are the same keys in all layouts."""
 
-    def answer(self, keys: dict[str, str], layout: Layout, with_shift: bool = False) -> None:
-        """Answers the current operation. `keys` are key codes by digit."""
-        _, operation = self.learner.wait_for_operation("addition")
-        self.press(with_shift, *(keys[digit] for digit in str(operation.result)))
-        self.press(layout.equals_needs_shift, layout.equals)
-        self.learner.wait_for_bravo("addition")
-        self.desktop.press("Right")
-
-    def press(self, with_shift: bool, *keys: str) -> None:
-        if with_shift:
-            self.desktop.press_with(SHIFT, *keys)
-        else:
-            self.desktop.press(*keys)
-
-    def answer_with_row_and_keypad(self, layout: Layout) -> None:
+    def play(self, layout: Layout) -> None:
+        self.learner.open("addition")
         self.answer(DIGIT_ROW, layout)
         if layout.digits_need_shift:
             self.answer(DIGIT_ROW, layout, with_shift=True)
         self.answer(KEYPAD, layout)
-        self.answer_with_lock(NUM_LOCK, KEYPAD, layout)
+        self.answer(KEYPAD, layout, lock=NUM_LOCK)
+        if layout is FRENCH:
+            self.learner.wait_for_operation("addition")
+            self.desktop.press_with(ALT_GR, *DIGIT_ROW.values())  # types characters that are not added to the answer
+            self.answer(DIGIT_ROW, layout, lock=CAPS_LOCK)
+        self.desktop.press("Escape")
+        self.learner.wait_for_screen("accueil")
 
-    def answer_after_alt_gr_characters(self) -> None:
-        """On a French keyboard. The characters of AltGr are not added to the answer."""
-        self.learner.wait_for_operation("addition")
-        self.desktop.press_with(ALT_GR, *DIGIT_ROW.values())
-        self.answer(DIGIT_ROW, FRENCH)
+    def answer(self, keys: dict[str, str], layout: Layout, with_shift: bool = False, lock: str | None = None) -> None:
+        """Answers an operation. `keys` are key codes by digit. `lock` is on meanwhile."""
+        _, operation = self.learner.wait_for_operation("addition")
+        locks = [lock] if lock else []
+        self.press(False, *locks)
+        self.press(with_shift, *(keys[digit] for digit in str(operation.result)))
+        self.press(layout.equals_needs_shift, layout.equals)
+        self.learner.wait_for_bravo("addition")
+        self.desktop.press("Right", *locks)
 
-    def answer_with_lock(self, lock: str, keys: dict[str, str], layout: Layout) -> None:
-        self.desktop.press(lock)
-        self.answer(keys, layout)
-        self.desktop.press(lock)
+    def press(self, with_shift: bool, *keys: str) -> None:
+        if with_shift:
+            self.desktop.press_with(SHIFT, *keys)
+        elif keys:
+            self.desktop.press(*keys)
 
 
 class OnX11(KeyboardCase):
-    environment = DesktopEnvironment
-
     def test_digit_keys_type_digits_on_each_layout(self) -> None:
-        self.learner.wait_for_start()
         for layout in LAYOUTS:
             with self.subTest(layout=layout.name, variant=layout.variant):
                 self.desktop.display.set_keyboard_layout(layout.name, layout.variant)
-                self.learner.open("addition")
-                self.answer_with_row_and_keypad(layout)
-                self.desktop.press("Escape")
-
-    def test_digit_keys_type_digits_with_caps_lock_and_after_alt_gr(self) -> None:
-        self.desktop.display.set_keyboard_layout("fr")
-        self.learner.wait_for_start()
-        self.learner.open("addition")
-        self.answer_with_lock(CAPS_LOCK, DIGIT_ROW, FRENCH)
-        self.answer_after_alt_gr_characters()
+                self.play(layout)
 
 
 class FrenchWeston(Weston):
@@ -113,10 +98,7 @@ class OnWayland(KeyboardCase):
     environment = FrenchWeston
 
     def test_digit_keys_type_digits_on_french_layout(self) -> None:
-        self.learner.wait_for_start()
-        self.learner.open("addition")
-        self.answer_with_row_and_keypad(FRENCH)
-        self.answer_after_alt_gr_characters()
+        self.play(FRENCH)
 
 
 if __name__ == "__main__":

@@ -1,17 +1,14 @@
 # SPDX-License-Identifier: MIT
 """Reads the accessibility tree and receives announcements over the accessibility bus, as a screen reader does."""
 
-import time
 from collections.abc import Callable
-from typing import TypeVar
 
 import pyatspi
 from gi.repository import GLib
 
-from desktop import TIMEOUT, WaitFailed
+from desktop import wait_until
 
 SHOWN = "object:state-changed:showing"
-Found = TypeVar("Found")
 
 
 class Listener:
@@ -42,7 +39,7 @@ class Listener:
                     return True
             return False
 
-        _wait_until(is_received, lambda: f"no announcement of {what}, only: {received}")
+        wait_until(lambda: f"an announcement of {what}, not only {received}", is_received)
         return received[-1]
 
     @staticmethod
@@ -58,9 +55,10 @@ class Listener:
 
         def showing() -> list[pyatspi.Accessible]:
             self._process_events()
-            return [page for page in self._pages() if page.name == name and is_showing(page)]
+            return [page for page in self._pages()
+                    if page.name == name and page.getState().contains(pyatspi.STATE_SHOWING)]
 
-        return _wait_until(showing, lambda: f"no screen {name} in {[page.name for page in self._pages()]}")[0]
+        return wait_until(lambda: f"the screen {name}, not {[page.name for page in self._pages()]}", showing)[0]
 
     def texts(self, screen: str) -> list[str]:
         """The texts on the drawing surface of a screen, from top to bottom."""
@@ -86,17 +84,3 @@ class Listener:
 def descendants(element: pyatspi.Accessible) -> list[pyatspi.Accessible]:
     children = [child for child in element if child is not None]
     return children + [further for child in children for further in descendants(child)]
-
-
-def is_showing(element: pyatspi.Accessible) -> bool:
-    return element.getState().contains(pyatspi.STATE_SHOWING)
-
-
-def _wait_until(find: Callable[[], Found], failure: Callable[[], str]) -> Found:
-    """Returns the first result of `find` that is true. `failure` is the message after a timeout."""
-    end = time.monotonic() + TIMEOUT
-    while not (found := find()):
-        if time.monotonic() > end:
-            raise WaitFailed(failure())
-        time.sleep(0.01)
-    return found
