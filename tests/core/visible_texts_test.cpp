@@ -41,6 +41,18 @@ protected:
                   layoutOf(ScreenName::addition)};
 };
 
+TEST_F(SurfaceTexts, printContinuesInTheNextZoneOrOnTheNextLine) {
+  print(100, 100, "12");
+  surface.Print("3", Then::nextZone); // at 110; a zone is 14 characters, 70 points
+  surface.Print("4", Then::newLine);
+  surface.Print("5", Then::sameLine);
+  const auto texts = surface.visibleTexts();
+  ASSERT_EQ(texts.size(), 3U);
+  EXPECT_EQ(texts[1].place.left, 140);
+  EXPECT_EQ(texts[2].place.left, 0);
+  EXPECT_EQ(texts[2].place.top, 111.25F);
+}
+
 TEST_F(SurfaceTexts, filledBoxErasesCharactersWhoseCentreItCovers) {
   print(100, 100, "1234");
   eraseBox({112, 90}, {500, 120}); // the centre of the 3 is at 112.5
