@@ -171,11 +171,15 @@ Page* pageAround(const QWidget& widget) {
   return page != nullptr ? page : pageAround(*around);
 }
 
+/// Not QAccessible::Pane: Orca 43 reads the texts inside a pane when it gets the focus, and then the
+/// announcement, so that the learner would hear the operation twice.
+constexpr auto roleOfPages = QAccessible::LayeredPane;
+
 /// Null if Qt's own description is enough.
 QAccessibleInterface* createElement(const QString& /*className*/, QObject* object) {
   if (auto* const host = dynamic_cast<HostWindow*>(object))
     return new QAccessibleWidget(host, QAccessible::Window);
-  if (auto* const page = dynamic_cast<Page*>(object)) return new QAccessibleWidget(page, QAccessible::Pane);
+  if (auto* const page = dynamic_cast<Page*>(object)) return new QAccessibleWidget(page, roleOfPages);
   const auto* const surface = dynamic_cast<DrawingSurface*>(object);
   Page* const page = surface == nullptr ? nullptr : pageAround(*surface);
   return page == nullptr ? nullptr : new SurfaceElement(*page);

@@ -7,8 +7,8 @@
 #include "qt/pictures.h"
 #include "qt/units.h"
 
-#include <QAbstractButton>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOptionButton>
@@ -158,6 +158,23 @@ private:
   const DrawingSurface& surface_;
 };
 
+/// Qt 6.4, all platforms: a button that is hidden while the mouse is pressed on it still gets the moves and
+/// the release of the mouse, and is clicked, even if another page is visible by then. So it gets a release at
+/// once, which does not click it because it is not down.
+class PressEnder final : public QObject {
+public:
+  using QObject::QObject;
+
+private:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Hide) return false;
+    static_cast<QAbstractButton&>(*watched).setDown(false);
+    QMouseEvent release{QEvent::MouseButtonRelease, {}, {}, Qt::LeftButton, Qt::NoButton, Qt::NoModifier};
+    watched->event(&release);
+    return false;
+  }
+};
+
 QWidget* createWidget(const ControlLayout& row, DrawingSurface& surface) {
   switch (row.kind) {
   case ControlKind::label: return new LabelControl(row, surface);
@@ -179,8 +196,10 @@ QWidget* createControl(const ControlLayout& row, DrawingSurface& surface,
   if (control == nullptr) return nullptr;
   control->setAccessibleName(toQt(row.accessibleName));
   placeControl(*control, row, surface.scale());
-  if (auto* const button = qobject_cast<QAbstractButton*>(control))
+  if (auto* const button = qobject_cast<QAbstractButton*>(control)) {
     QObject::connect(button, &QAbstractButton::clicked, button, clicked);
+    endPressWhenHidden(*button);
+  }
   return control;
 }
 
@@ -190,6 +209,8 @@ void placeControl(QWidget& control, const ControlLayout& row, qreal scale) {
   control.setGeometry(toPixels(row.place, scale).adjusted(0, 0, thickness, thickness));
   control.update();
 }
+
+void endPressWhenHidden(QAbstractButton& button) { button.installEventFilter(new PressEnder(&button)); }
 
 void setLabelCaption(QWidget& control, std::string_view caption) {
   if (auto* const label = qobject_cast<QLabel*>(&control)) label->setText(toQt(caption));

@@ -3,7 +3,7 @@
 
 #include "platform.h"
 
-#include <QWidget>
+#include <QAbstractButton>
 
 #include <functional>
 
@@ -18,6 +18,9 @@ QWidget* createControl(const ControlLayout& row, DrawingSurface& surface,
 
 /// Sets the geometry of the widget of `row`. `scale` is pixels of the widget per pixel of the layout.
 void placeControl(QWidget& control, const ControlLayout& row, qreal scale);
+
+/// A press of the mouse on the button ends without a click when the button or its page is hidden.
+void endPressWhenHidden(QAbstractButton& button);
 
 /// `control` is the widget of a label.
 void setLabelCaption(QWidget& control, std::string_view caption);

@@ -6,7 +6,10 @@
 
 #include <cstdlib>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -29,12 +32,8 @@ void print(int descriptor, std::string_view line) {
   [[maybe_unused]] const auto written = write(descriptor, line.data(), line.size());
 }
 
-/// Wayland: several threads may detect the loss at once. The first one prints the line; the others wait for
-/// the end.
-[[noreturn]] void giveUp(std::string_view line) {
-  static std::mutex turn;
-  turn.lock();
-  print(originalStandardError(), line);
+[[noreturn]] void giveUp(std::string_view text) {
+  print(originalStandardError(), text);
   std::_Exit(EXIT_FAILURE);
 }
 
@@ -45,11 +44,58 @@ bool reportsLostDisplay(const QString& message) {
          message.startsWith(QLatin1StringView{"The Wayland connection"});
 }
 
-/// Qt 6.4, all platforms: without a display, QApplication prints which plugins it tried, and aborts.
+/// Qt 6.4: the xcb and Wayland plugins print one of these messages if they cannot open the display. If no
+/// other plugin can either, QApplication prints a fatal message.
+bool reportsNoDisplay(const QString& message) {
+  return message.startsWith(QLatin1StringView{"could not connect to display"}) ||
+         message.startsWith(QLatin1StringView{"Failed to create wl_display"});
+}
+
+bool wantsMessages() { return qEnvironmentVariableIntValue("QT_DEBUG_PLUGINS") != 0; }
+
+/// What Qt has reported while it opens the display. It is printed only if that fails for another reason than
+/// the display.
+struct Opening {
+  bool displayFailed{};
+  std::string messages;
+};
+
+/// Qt may report from several threads at once.
+std::mutex& turn() {
+  static std::mutex one;
+  return one;
+}
+
+/// Nothing once the display is open.
+std::optional<Opening>& opening() {
+  static std::optional<Opening> present;
+  return present;
+}
+
+void setOpening(std::optional<Opening> present) {
+  const std::lock_guard hold{turn()};
+  opening() = std::move(present);
+}
+
+void handleWhileOpening(QtMsgType type, const QString& message, const std::string& line) {
+  auto& [displayFailed, messages] = *opening();
+  displayFailed = displayFailed || reportsNoDisplay(message);
+  if (wantsMessages())
+    print(originalStandardError(), line);
+  else
+    messages += line;
+  if (type == QtFatalMsg) giveUp(displayFailed ? noDisplay : messages);
+}
+
+/// Wayland: several threads may detect the loss of the display at once. The first one prints the line; the
+/// others wait for the end.
 void onMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  const std::lock_guard hold{turn()};
   if (reportsLostDisplay(message)) giveUp(displayLost);
-  if (type == QtFatalMsg) giveUp(noDisplay);
-  print(STDERR_FILENO, (qFormatLogMessage(type, context, message) + u'\n').toStdString());
+  const std::string line = (qFormatLogMessage(type, context, message) + u'\n').toStdString();
+  if (opening()) return handleWhileOpening(type, message, line);
+  if (type == QtFatalMsg) giveUp(line);
+  print(STDERR_FILENO, line);
 }
 
 /// Linux: libX11 and libxcb write to standard error themselves when the X server refuses the connection.
@@ -71,8 +117,11 @@ public:
 
 std::unique_ptr<QApplication> openDisplay(int& argc, char** argv) {
   const SilentStandardError silence;
+  setOpening(Opening{});
   qInstallMessageHandler(onMessage);
-  return std::make_unique<QApplication>(argc, argv);
+  auto application = std::make_unique<QApplication>(argc, argv);
+  setOpening(std::nullopt);
+  return application;
 }
 
 /// Qt 6.4 on Wayland: the destructor of QApplication may deadlock with Qt's event thread, and the process

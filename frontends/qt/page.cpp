@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/page.h"
 
+#include "qt/controls.h"
 #include "qt/host_window.h"
 #include "qt/units.h"
 
@@ -40,6 +41,7 @@ Page::Page(const ScreenLayout& layout, Events& events, Ticker& ticker, HostWindo
   if (layout.frame == Frame::toolWindow) {
     closeBox_ = createCloseBox(*this);
     connect(closeBox_, &QToolButton::clicked, this, [this] { reportClose(); });
+    endPressWhenHidden(*closeBox_);
   }
   setAccessibleName(toQt(layout.accessibleName));
   hide();
@@ -94,8 +96,9 @@ Events::KeyUse Page::reportKey(const KeyStroke& stroke) {
   return use;
 }
 
+/// A screen reader may click a hidden control.
 void Page::reportClick(ControlIndex control) {
-  report([&](Events& events) { events.click(control); });
+  if (view_->control(control)->isVisible()) report([&](Events& events) { events.click(control); });
 }
 
 /// The event may destroy the window, but not the page.
@@ -105,7 +108,7 @@ void Page::reportTick(ControlIndex timer) {
 }
 
 void Page::reportClose() {
-  report([](Events& events) { events.close(); });
+  if (isVisible()) report([](Events& events) { events.close(); });
 }
 
 void Page::paintEvent(QPaintEvent* /*event*/) {

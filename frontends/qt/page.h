@@ -38,6 +38,7 @@ public:
   QRect onDisplay(Point topLeft, Point bottomRight) const;
 
   Events::KeyUse reportKey(const KeyStroke& stroke);
+  /// A hidden control is not clicked, and a hidden page is not closed.
   void reportClick(ControlIndex control);
   void reportTick(ControlIndex timer);
   void reportClose();

@@ -46,6 +46,8 @@ TEST_F(AccessibilityTree, containsTextsAndControls) {
   EXPECT_EQ(surface().child(0)->rect(), QRect(81, 132, 187, 41).translated(corner))
       << "72 points are 96 pixels; the frame is on the left, the title bar above";
   EXPECT_EQ(surface().parent()->parent()->text(QAccessible::Name), "Additions");
+  EXPECT_EQ(surface().parent()->parent()->role(), QAccessible::LayeredPane)
+      << "Orca reads the texts in a pane, and then the announcement, which contains them too";
   EXPECT_EQ(surface().parent()->parent()->parent()->role(), QAccessible::Window);
   EXPECT_EQ(notification().role(), QAccessible::Notification);
 }

@@ -5,6 +5,7 @@
 #include "tests/core/fake_program.h"
 #include "tests/qt/images.h"
 
+#include <QAbstractButton>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -63,6 +64,8 @@ inline constexpr ScreenLayout homeScreenLayout{accueil, "",    "Accueil",       
 inline constexpr ScreenLayout exerciseLayout{addition, "Exercice", "Additions",     Frame::toolWindow,
                                              face,     white,      exerciseControls};
 
+inline constexpr QPoint arrowPlace{1 + 100 + 16, 26 + 16}; // in pixels of the host window
+
 /// A home screen and an exercise in a host window on the offscreen platform. The home screen is active.
 class FrontEnd : public testing::Test {
 protected:
@@ -89,10 +92,22 @@ protected:
   void clickAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(host().windowHandle(), button, Qt::NoModifier, {x, y});
   }
-  void clickCloseBox() { clickAt(host().width() - 12, 12); }
-  void clickArrow() { clickAt(100 + 1 + 16, 26 + 16); }
+  QPoint closeBoxPlace() { return {host().width() - 12, 12}; }
+  void clickCloseBox() { clickAt(closeBoxPlace().x(), closeBoxPlace().y()); }
+  void clickHiddenButtons() {
+    for (auto* const button : host().findChildren<QAbstractButton*>())
+      if (!button->isVisible()) button->click();
+  }
+  void clickArrow() { clickAt(arrowPlace.x(), arrowPlace.y()); }
   QRgb pixel(int x, int y) { return host().grab().toImage().pixel(x, y); }
-  void waitBriefly() { QTest::qWait(40); }
+  /// Until a timer has ticked that starts now, so that earlier timers of 5 ms have ticked too.
+  void waitForLaterTick() {
+    test::FakeProgram program;
+    bool hasTicked = false;
+    program.react = [&] { hasTicked = true; };
+    const auto window = platform_.createWindow(exerciseLayout, program);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasTicked; }));
+  }
   void pressZoomKey(Qt::Key key) {
     QTest::sendKeyEvent(QTest::Click, host().windowHandle(), key, {}, Qt::ControlModifier);
   }

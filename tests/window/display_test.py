@@ -1,6 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Without a display, the program exits at once with status 1 and one line on standard error, and does not crash."""
+"""Without a display, the program exits at once with status 1 and one line on standard error, and does not crash.
+
+It prints what Qt reports if something else is missing, or when asked.
+"""
 
 import resource
 import tempfile
@@ -35,11 +38,30 @@ class DisplayFaults(unittest.TestCase):
     def test_exits_when_compositor_is_killed(self) -> None:
         self.kill_display_server(Weston)
 
+    def test_prints_the_message_of_qt_if_the_platform_is_unknown(self) -> None:
+        errors = self.error_output_with(QT_QPA_PLATFORM="abacus")
+        self.assertIn('Could not find the Qt platform plugin "abacus"', errors)
+        self.assertIn("no Qt platform plugin could be initialized", errors)
+        self.assertNotIn("Chiffrolo :", errors)
+
+    def test_prints_the_messages_of_qt_when_asked(self) -> None:
+        errors = self.error_output_with(QT_DEBUG_PLUGINS="1")
+        self.assertIn("could not connect to display", errors)
+        self.assertIn("Chiffrolo :", errors.splitlines()[-1])
+
     def start_with(self, variables: dict[str, str]) -> None:
         started = time.monotonic()
+        self.assert_exits(self.start(variables), started)
+
+    def start(self, variables: dict[str, str]) -> Program:
         process = Program(program_path(), variables, self.folder)
         self.addCleanup(process.close)
-        self.assert_exits(process, started)
+        return process
+
+    def error_output_with(self, **variables: str) -> str:
+        process = self.start(variables_without_display() | variables)
+        self.assertEqual(process.exit_status(), 1)
+        return process.error_output()
 
     def kill_display_server(self, environment: type[DesktopEnvironment]) -> None:
         desktop = self.enterContext(Desktop(program_path(), environment, self.folder))
