@@ -129,6 +129,13 @@ TEST(Addition, firstGuidedStepIsRed) {
             "addition text 60 140 \"Times new roman\" 28 #ff0000 \"4\"");
 }
 
+/// Neither "Bravo" nor "FAUX" was drawn before: the box sets its own line width and fill.
+TEST(Addition, scoreBoxAfterALateAnswerHasItsOwnStyle) {
+  ScenarioSession session(ADDITION "wait 30000\nkey x\nkey 7\nkey 7\nkey Enter\nkey 8\nkey 2\nkey Enter");
+  EXPECT_EQ(session.takeEffects({"addition box 263"}),
+            "addition box 263.875 280 376.125 310 3 #808080 #800000");
+}
+
 TEST(Division, nextOperationHidesTheImages) {
   ScenarioSession session(DIVISION "key 2\nkey 4\nkey Enter");
   session.takeEffects({});

@@ -98,6 +98,8 @@ TEST_F(SurfaceTexts, clsErasesTextsAndBoxes) {
   surface.BackColor = QBColor(4);
   print(100, 100, "42");
   surface.Cls();
+  EXPECT_EQ(surface.CurrentX, 0);
+  EXPECT_EQ(surface.CurrentY, 0);
   EXPECT_EQ(visibleText(), "");
   print(100, 100, "42", 15); // visible: the white box was erased too
   EXPECT_EQ(visibleText(), "42");
