@@ -24,7 +24,6 @@ constexpr ExerciseValues values{
 RecordScreen::RecordScreen(ScreenHost& host) : ExerciseScreen(host, layoutOf(ScreenName::record), values) {}
 
 void RecordScreen::Form_Load() {
-  BackColor = QBColor(15);
   shared.essai = 0;
   shared.effectuees.fill(0);
   shared.reussies.fill(0);

@@ -20,7 +20,6 @@ ExerciseScreen::ExerciseScreen(ScreenHost& host, const ScreenLayout& layout, con
     : Screen(host, layout), values_(values) {}
 
 void ExerciseScreen::Form_Load() {
-  BackColor = QBColor(15);
   shared.score = 0;
   shared.essai = 0;
   shared.enAttente = 0;

@@ -30,11 +30,7 @@ std::string question(const LongDivision& division) {
 DivisionScreen::DivisionScreen(ScreenHost& host)
     : ExerciseScreen(host, layoutOf(ScreenName::division), values) {}
 
-void DivisionScreen::Form_Load() {
-  BackColor = QBColor(15);
-  shared.score = 0;
-  enCorrection = 0;
-}
+void DivisionScreen::Form_Load() { shared.score = 0; }
 
 void DivisionScreen::TirerOperation() {
   enCorrection = 0;

@@ -97,7 +97,8 @@ private:
   Events& events_;
 };
 
-RecordingPlatform::RecordingPlatform(Sink sink) : sink_(std::move(sink)) {}
+RecordingPlatform::RecordingPlatform(Sink sink, std::uint64_t timeOfDay)
+    : sink_(std::move(sink)), timeOfDay_(timeOfDay) {}
 
 std::unique_ptr<Window> RecordingPlatform::createWindow(const ScreenLayout& layout, Events& events) noexcept {
   return std::make_unique<RecordingWindow>(*this, layout, events);

@@ -20,11 +20,11 @@ public:
   using Sink = std::function<void(std::string_view line)>;
 
   /// With an empty sink nothing is recorded, and no line is composed.
-  explicit RecordingPlatform(Sink sink);
+  /// Runs with the same `timeOfDay` and the same events are equal.
+  explicit RecordingPlatform(Sink sink, std::uint64_t timeOfDay = 0);
 
   std::unique_ptr<Window> createWindow(const ScreenLayout& layout, Events& events) noexcept override;
-  /// Constant, so that runs are repeatable.
-  std::uint64_t timeOfDay() const noexcept override { return 0; }
+  std::uint64_t timeOfDay() const noexcept override { return timeOfDay_; }
   void quit() noexcept override;
 
   bool hasQuit() const { return hasQuit_; }
@@ -40,6 +40,7 @@ private:
   bool records() const { return static_cast<bool>(sink_); }
 
   Sink sink_;
+  std::uint64_t timeOfDay_;
   bool hasQuit_{false};
   Instant now_{};
   TimerQueue timers_;

@@ -35,6 +35,8 @@ ROWS(Challenge, {"enterShowsCorrection", WRONG "key Enter", "20 + 47 = 67 | Scor
       "0 0 3 2 | 20 + 47 = 67 | Bravo | Score = 1 | Tu dois réussir 20 opérations le plus rapidement "
       "possible"},
      {"unknownStepDrawsNothing", CHALLENGE "set essai 2\nkey x", "20 + 47 = ?"},
+     {"digitsAreIgnoredAfterTheRightAnswer", CHALLENGE "set nbOperations 5\nkey 6\nkey 7\nkey =\nkey 5",
+      "20 + 47 = 67 | Bravo | Score = 6"},
      {"secondChallengeStartsFromZero",
       CHALLENGE
       "set chrono 50\nset effectuees 6 7 8 9\nset reussies 5 5 5 4\nset nbOperations 19\nkey Escape\n"

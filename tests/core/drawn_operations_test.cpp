@@ -103,6 +103,18 @@ TEST_P(Divisions, areUniform) {
   EXPECT_TRUE(isUniform(divisors, 4));
 }
 
+TEST(DrawnOperations, dependOnTheTimeOfDay) {
+  using enum ScreenName;
+  for (const auto screen : {addition, multiplication, division, record}) {
+    OperationSampler early(screen, 1);
+    OperationSampler late(screen, 2);
+    int equal = 0;
+    for (int draw = 0; draw < 20; ++draw)
+      equal += early.draw(0).operation == late.draw(0).operation ? 1 : 0;
+    EXPECT_LT(equal, 10) << static_cast<int>(screen);
+  }
+}
+
 TEST(LongDivisionDigits, areEmptyOutsideTheQuotient) {
   const LongDivision division(62, 6);
   for (const int index : {0, -1, 3, 32767})

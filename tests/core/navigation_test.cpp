@@ -72,6 +72,8 @@ TEST(HomeCursor, isUnchangedByClicksAndEscape) {
 TEST(Score, isResetByLeavingAnExerciseAndByFin) {
   EXPECT_EQ(ScenarioSession("click Commande1\nset score 4\nkey Escape").shared().score, 0);
   EXPECT_EQ(ScenarioSession(RIGHT_ANSWER "set score 4\nclick arret").shared().score, 0);
+  for (const auto* const exercise : {"1", "2", "3"})
+    EXPECT_EQ(ScenarioSession(std::string("set score 4\nclick Commande") + exercise).shared().score, 0);
   EXPECT_EQ(ScenarioSession(LEVEL_PASSED).shared().score, 0);
   EXPECT_EQ(ScenarioSession(LEVEL_PASSED "set score 4\nkey 7").shared().score, 0)
       << "any character resets it on FIN";

@@ -12,7 +12,8 @@ namespace chiffrolo::test {
 /// Draws operations on an exercise screen, without a transcript. The sequence is the same in each run.
 class OperationSampler {
 public:
-  explicit OperationSampler(ScreenName screen) : screen_(screen) {
+  explicit OperationSampler(ScreenName screen, std::uint64_t timeOfDay = 0)
+      : screen_(screen), platform_({}, timeOfDay) {
     program_.start();
     program_.Show(screen);
   }
@@ -27,7 +28,7 @@ public:
 
 private:
   ScreenName screen_;
-  RecordingPlatform platform_{{}};
+  RecordingPlatform platform_;
   Program program_{platform_, allScreens};
 };
 

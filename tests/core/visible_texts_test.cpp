@@ -63,14 +63,17 @@ TEST_F(SurfaceTexts, filledBoxErasesCharactersWhoseCentreItCovers) {
 
 TEST_F(SurfaceTexts, outlinesEraseOnlyWhenFilled) {
   print(100, 100, "12");
+  print(142.5F, 66, "3");
+  print(142.5F, 130, "4");
   surface.Line({90, 90}, {200, 200}, QBColor(3), Form::box);
   surface.Circle({105, 105}, 40, QBColor(8), 0.7F);
-  EXPECT_EQ(visibleText(), "12");
+  EXPECT_EQ(visibleText(), "3 | 12 | 4");
   surface.FillStyle = Fill::solid;
-  surface.Circle({145, 105}, 40, QBColor(8), 0.7F); // from x = 105; covers the centre of the 2
-  EXPECT_EQ(visibleText(), "1");
+  surface.Circle({145, 105}, 40, QBColor(8),
+                 0.7F); // from (105, 77) to (185, 133); covers the centre of the 2
+  EXPECT_EQ(visibleText(), "3 | 1 | 4");
   surface.Line({90, 90}, {200, 200}, QBColor(3), Form::box);
-  EXPECT_EQ(visibleText(), "");
+  EXPECT_EQ(visibleText(), "3");
 }
 
 TEST_F(SurfaceTexts, whiteTextIsVisibleOnRedAndErasesTheSameTextOnWhite) {
