@@ -12,13 +12,13 @@ struct Operation {
   char sign{};
   int right{};
 
-  /// 0 if the sign is not one of "+-x:".
+  /// 0 if there is no operation.
   int result() const {
     switch (sign) {
     case '+': return left + right;
     case '-': return left - right;
     case 'x': return left * right;
-    case ':': return left / right;
+    case ':': return right == 0 ? 0 : left / right;
     default: return 0;
     }
   }

@@ -8,6 +8,7 @@
 #include "qt/units.h"
 #include "screen/layouts.h"
 #include "screens.h"
+#include "tests/core/operation.h"
 
 #include <QBitmap>
 #include <QLabel>
@@ -170,20 +171,6 @@ std::unique_ptr<Window> Model::createWindow(const ScreenLayout& layout, Events& 
 }
 
 // ---- The game ----------------------------------------------------------------------------------------
-
-/// The result of an operation as printed: "47+35", "7 x 24", "1 234 : 2".
-std::string result(std::string operation) {
-  std::erase(operation, ' ');
-  const auto place = operation.find_first_of("+-x:");
-  if (place == std::string::npos) return "0";
-  const int left = numberOf(operation);
-  const int right = numberOf(operation.substr(place + 1));
-  const char sign = operation[place];
-  return std::to_string(sign == '+'   ? left + right
-                        : sign == '-' ? left - right
-                        : sign == 'x' ? left * right
-                                      : left / right);
-}
 
 auto values(const MODULE11& shared) {
   const auto& [a, b, c, d, e, f, g, h, i, j, k, l, m, n, o, p, q] = shared;
@@ -422,7 +409,8 @@ private:
     if (isArrowVisible()) return below(12) == 0 ? useMouse() : press('\r');
     const bool isStep = screen != record && screen != division && (shared.essai == 1 || shared.essai == 2);
     const auto step = static_cast<std::size_t>(shared.essai + 1);
-    const auto answer = result(isStep ? shared.termes.at(step) : shared.operation);
+    const auto operation = test::parsed(isStep ? shared.termes.at(step) : shared.operation);
+    const auto answer = std::to_string(operation.result());
     if (shared.reponse == answer) return press('\r');
     press(answer.starts_with(shared.reponse) ? answer[shared.reponse.size()] : '\b');
   }
