@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Converts units and values of the boundary to those of Qt. Pixels are logical pixels, 96 per inch, whatever
-/// the pixel ratio of the screen.
+/// Converts units and values of the boundary to those of Qt. Pixels are logical pixels, 96 per inch; the
+/// pixel ratio of the screen does not change them.
 
 #include "platform.h"
 
