@@ -33,7 +33,6 @@ DivisionScreen::DivisionScreen(ScreenHost& host)
 void DivisionScreen::Form_Load() { shared.score = 0; }
 
 void DivisionScreen::TirerOperation() {
-  enCorrection = 0;
   shared.essai = 0;
   etapeReste = 0;
   shared.enAttente = 0;

@@ -37,11 +37,15 @@ public:
     if (!charactersToType_.empty()) return typeNextCharacter();
     if (randomBelow(generator, 5000) == 0) rightAnswersLeft_ = 100;
     if (rightAnswersLeft_ > 0 && randomBelow(generator, 500) != 0 && prepareRightAnswer()) return;
+    // Of all screens and controls, whether or not they are loaded, visible or running.
+    const auto screen = static_cast<ScreenName>(randomBelow(generator, screenCount));
+    const auto control = static_cast<ControlIndex>(randomBelow(generator, 10));
+    if (randomBelow(generator, 300) == 0) return program_->close();
     switch (randomBelow(generator, 14)) {
-    case 0: return clickAnyControl(generator);
-    case 1: return program_->front(static_cast<ScreenName>(randomBelow(generator, screenCount)));
-    case 2: return platform_->wait(std::chrono::milliseconds(randomBelow(generator, 40000)));
-    case 3: return closeOrTick(generator);
+    case 0: return program_->click(control);
+    case 1: return program_->tick(screen, control);
+    case 2: return program_->front(screen);
+    case 3: return platform_->wait(std::chrono::milliseconds(randomBelow(generator, 40000)));
     default: return pressAnyKey(generator);
     }
   }
@@ -97,16 +101,15 @@ private:
     previousChrono_ = shared.chrono;
   }
 
+  void type(char32_t typed) {
+    program_->key(typed == character::enter ? keyCode::enter : keyCode::other, typed);
+  }
+
   void pressAnyKey(Generator& generator) {
-    static constexpr std::array<char32_t, 10> characters{13, 13, 13, 27, 8, U' ', U'=', U'x', U'é', U'\''};
-    if (randomBelow(generator, 8) == 0) {
-      program_->key(randomBelow(generator, 2) == 0 ? keyCode::right : keyCode::other, std::nullopt);
-    } else {
-      const bool digit = randomBelow(generator, 2) == 0;
-      const auto number = static_cast<std::size_t>(randomBelow(generator, 10));
-      const char32_t typed = digit ? U'0' + static_cast<char32_t>(number) : characters[number];
-      program_->key(typed == character::enter ? keyCode::enter : keyCode::other, typed);
-    }
+    constexpr std::u32string_view characters = U"00112233445566778899\r\r\r\r\r\r\33\33\b\b  ==xxéé''";
+    const auto key = static_cast<std::size_t>(randomBelow(generator, 46));
+    if (key < characters.size()) return type(characters[key]);
+    program_->key(key % 2 == 0 ? keyCode::right : keyCode::other, std::nullopt);
   }
 
   /// False if the screen asks no question. Enter follows the answer twice: to submit it, and to go on.
@@ -128,20 +131,8 @@ private:
   }
 
   void typeNextCharacter() {
-    const auto typed = static_cast<char32_t>(charactersToType_.front());
+    type(static_cast<char32_t>(charactersToType_.front()));
     charactersToType_.erase(0, 1);
-    program_->key(typed == character::enter ? keyCode::enter : keyCode::other, typed);
-  }
-
-  void clickAnyControl(Generator& generator) {
-    program_->click(static_cast<ControlIndex>(randomBelow(generator, 10)));
-  }
-
-  void closeOrTick(Generator& generator) {
-    if (randomBelow(generator, 20) == 0) return program_->close();
-    // Any control of any screen, whether or not it is a running timer.
-    program_->tick(static_cast<ScreenName>(randomBelow(generator, screenCount)),
-                   static_cast<ControlIndex>(randomBelow(generator, 10)));
   }
 
   std::optional<RecordingPlatform> platform_;

@@ -1,26 +1,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <gtest/gtest.h>
+#include "tests/core/scenario_session.h"
 
-#include <string>
+#include <gtest/gtest.h>
 
 namespace chiffrolo::test {
 
-/// One row of a parameterized test: the scenario to play and the expected result.
+/// One row of a table of tests: the scenario to play and what the learner perceives of its last line.
 struct Row {
   const char* name;
-  const char* scenario;
-  const char* expected;
+  std::string scenario;
+  std::string expected;
 };
 
 inline void PrintTo(const Row& row, std::ostream* out) { *out << row.scenario; }
 
 inline std::string nameOfRow(const testing::TestParamInfo<Row>& info) { return info.param.name; }
 
+/// The function of `ScenarioSession` that returns what the learner perceives.
+using Perception = std::string (ScenarioSession::*)();
+
+/// The result of `perception` after the last line of the scenario. What it returns for the lines before that
+/// one is dropped.
+inline std::string perceived(const Row& row, Perception perception) {
+  const auto last = row.scenario.rfind('\n') + 1; // 0 if there is only one line
+  ScenarioSession session(row.scenario.substr(0, last));
+  (session.*perception)();
+  session.play(row.scenario.substr(last));
+  return (session.*perception)();
+}
+
 } // namespace chiffrolo::test
 
-/// Runs `suite`, a `testing::TestWithParam<Row>`, with each of the given rows.
-#define ROWS(suite, ...)                                                                                     \
-  INSTANTIATE_TEST_SUITE_P(Rows, suite, testing::ValuesIn(std::vector<chiffrolo::test::Row>{__VA_ARGS__}),   \
-                           chiffrolo::test::nameOfRow)
+/// Defines one test for each of the given rows. `perception` is the name of a function of `ScenarioSession`.
+#define ROWS(suite, perception, ...)                                                                         \
+  class suite : public testing::TestWithParam<Row> {};                                                       \
+  TEST_P(suite, perception) {                                                                                \
+    EXPECT_EQ(perceived(GetParam(), &ScenarioSession::perception), GetParam().expected);                     \
+  }                                                                                                          \
+  INSTANTIATE_TEST_SUITE_P(Rows, suite, testing::ValuesIn(std::vector<Row>{__VA_ARGS__}), nameOfRow)

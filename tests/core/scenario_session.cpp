@@ -34,6 +34,14 @@ std::string ScenarioSession::visibleText() {
   return texts;
 }
 
+std::string ScenarioSession::spokenText() {
+  std::string texts;
+  if (const auto active = program().active())
+    for (const auto& text : program().spokenTexts(*active))
+      append(texts, " | ", text.words);
+  return texts;
+}
+
 std::string ScenarioSession::takeEffects(const std::vector<std::string_view>& prefixes) {
   std::string found;
   for (const auto& line : transcript_)

@@ -18,6 +18,8 @@ public:
 
   /// The visible texts of the active screen: "47 + 35 = ? | Score = 1".
   std::string visibleText();
+  /// What a screen reader reads of the active screen: "47 plus 35 égale ? | Score égale 1".
+  std::string spokenText();
   /// What a screen reader announces of the changes since the last call.
   std::string takeAnnouncement() { return program().takeAnnouncement(); }
   /// The transcript lines since the last call that begin with one of `prefixes`, joined by ", ".

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "tests/core/rows.h"
-#include "tests/core/scenario_session.h"
 
 #include "screen/layouts.h"
 
@@ -15,19 +14,7 @@ namespace {
 
 // ---- Announcements after the last command of a scenario ----------------------------------------------
 
-class Announcement : public testing::TestWithParam<Row> {};
-
-TEST_P(Announcement, containsTheChanges) {
-  const std::string scenario = GetParam().scenario;
-  const auto last = scenario.rfind('\n') + 1;
-  ScenarioSession session(scenario.substr(0, last));
-  session.takeAnnouncement();
-  session.play(scenario.substr(last));
-  EXPECT_EQ(session.takeAnnouncement(), GetParam().expected);
-  EXPECT_EQ(session.takeAnnouncement(), "") << "the same changes are not announced again";
-}
-
-ROWS(Announcement,
+ROWS(Announcement, takeAnnouncement,
      {"newScreenIsAnnouncedFromTheTop", "rnd 0 0 0.12 0 0.5\nclick Commande2",
       "Multiplications. Chiffrolo. 12 fois 4 égale ?"},
      {"typedDigitIsAnnounced", MULTIPLICATION "key 4", "4"},
@@ -59,17 +46,7 @@ TEST(FirstAnnouncement, doesNotContainTheFirstScreen) {
 
 // ---- Spoken texts of the active screen ---------------------------------------------------------------
 
-class SpokenTexts : public testing::TestWithParam<Row> {};
-
-TEST_P(SpokenTexts, containSignsAndVerdictsAsWords) {
-  ScenarioSession session(GetParam().scenario);
-  std::string texts;
-  for (const auto& text : session.program().spokenTexts(*session.program().active()))
-    texts += (texts.empty() ? "" : " | ") + text.words;
-  EXPECT_EQ(texts, GetParam().expected);
-}
-
-ROWS(SpokenTexts,
+ROWS(SpokenTexts, spokenText,
      {"correctionOfAProductHasOneTextPerStep",
       MULTIPLICATION "key 9\nkey Enter\nkey x\nkey 4\nkey 0\nkey Enter\nkey 8\nkey Enter",
       "10 fois 4 égale 40 | plus 2 fois 4 égale 8 | 12 fois 4 égale ?"},

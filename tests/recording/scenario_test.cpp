@@ -12,7 +12,8 @@ namespace {
 /// One malformed command per line.
 constexpr const char* malformed =
     "press 1\nKEY 1\n # x\n"
-    "key\nkey 1 2\nkey enter\nkey \xF0\x9F\x98\x80\nkey \x01\nkey \xC3\nkey \xC1\xA1\nkey \xED\xA0\x80\n"
+    "key\nkey 1 2\nkey enter\nkey \xF0\x9F\x98\x80\nkey \x01\nkey \xC3\nkey \xC1\xA1\nkey \xED\xA0\x80\nkey "
+    "\xED\xBF\xBF\nkey \xE0\x9F\xBF\n"
     "click\nfront home\nclose addition\nwait -1\nwait 1.5\nwait 86400001\nwait 99999999999999999999\n"
     "rnd\nrnd 0.5 1\nrnd -0.1\nrnd nan\nrnd 0.5x\n"
     "set\nset essai\nset reponse 1\nset essai 32768\nset couleur 16\nset enAttente 2\n"
@@ -46,8 +47,13 @@ TEST(Scenario, setChangesEveryVariable) {
 
 /// The transcripts have the other screens. The caption of `mail` depends on the build.
 TEST(Scenario, keysHaveTheirCharacterCodes) {
-  for (const auto& [key, code] :
-       {std::pair{"Enter", 13}, {"Escape", 27}, {"Backspace", 8}, {"Space", 32}, {"é", 233}}) {
+  for (const auto& [key, code] : {std::pair{"Enter", 13},
+                                  {"Escape", 27},
+                                  {"Backspace", 8},
+                                  {"Space", 32},
+                                  {"é", 233},
+                                  {"\uE000", 57344},
+                                  {"\uD7FF", 55295}}) {
     ScenarioSession session(std::string("click Commande1\nkey ") + key + "\nstate");
     EXPECT_NE(session.takeEffects({"state"}).find(" touche=" + std::to_string(code) + " "), std::string::npos)
         << key;
