@@ -10,10 +10,10 @@ build=$root/build
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
 packages_to_package=(appstream appstream-util desktop-file-utils dpkg-dev lintian reuse)
-packages_to_test=(libgtest-dev librsvg2-bin python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core
-    openbox xfwm4 metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace
-    dpkg-dev fakeroot libglib2.0-bin)
-packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck)
+packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core openbox xfwm4
+    metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace dpkg-dev fakeroot
+    libglib2.0-bin)
+packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck librsvg2-bin)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
 print_line() {

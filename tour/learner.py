@@ -84,9 +84,14 @@ class Learner:
         content = self.wait_for("an operation", is_new)
         return content, Operation.parse(read_line(content, exercise.line, BLUE))
 
+    def answer_correctly(self, screen: str) -> ContentArea:
+        _, operation = self.wait_for_operation(screen)
+        self.submit(operation.result)
+        return self.wait_for_bravo(screen)
+
     def wait_for_bravo(self, screen: str) -> ContentArea:
         shows_bravo = EXERCISES[screen].shows_bravo
-        return self.wait_for("Bravo", lambda content: shows_bravo(content) and content.shows_arrow(screen))
+        return self.wait_for("Bravo", lambda content: shows_bravo(content) and content.shows_arrow_and_stop(screen))
 
     def wait_for_stopwatch(self) -> tuple[ContentArea, int]:
         """Waits until the stopwatch shows a time: it is empty for one second after a new operation."""
@@ -99,9 +104,6 @@ class Learner:
     def wait_for_correction(self) -> ContentArea:
         """Waits until "FAUX" is hidden."""
         return self.wait_for("the correction", lambda content: not shows_faux(content))
-
-    def type_answer(self, answer: int) -> None:
-        self.desktop.press(*str(answer))
 
     def submit(self, answer: int) -> None:
         self.desktop.press(*str(answer), "Return")

@@ -12,8 +12,6 @@ WHITE: Colour = (255, 255, 255)
 BLUE: Colour = (0, 0, 128)
 LIGHT_RED: Colour = (255, 0, 0)
 RED: Colour = (128, 0, 0)
-GREY: Colour = (128, 128, 128)
-CYAN: Colour = (0, 128, 128)
 LIGHT_CYAN: Colour = (0, 255, 255)
 
 
@@ -64,8 +62,8 @@ class ContentArea:
     def shows_arrow(self, screen: str) -> bool:
         return self._shows_image("fleche.png", self.layouts[screen].places["flèche"])
 
-    def shows_stop(self, screen: str) -> bool:
-        return self._shows_image("arret.png", self.layouts[screen].places["arret"])
+    def shows_arrow_and_stop(self, screen: str) -> bool:
+        return self.shows_arrow(screen) and self._shows_image("arret.png", self.layouts[screen].places["arret"])
 
     def _shows_image(self, name: str, area: Area) -> bool:
         """Compares all pixels with an image of the program."""

@@ -59,7 +59,7 @@ class Tour:
         self.wrong_addition()
         self.right_addition()
         for _ in range(1, OBJECTIVE):
-            self.answer_correctly("addition")
+            self.learner.answer_correctly("addition")
             self.desktop.press("Right")
         self.pictures.save("felicitations", self.learner.wait_for_screen("FIN"))
         self.learner.click_arrow("FIN")
@@ -81,7 +81,7 @@ class Tour:
     def right_addition(self) -> None:
         content, operation = self.learner.wait_for_operation("addition")
         self.pictures.save("addition-suivante", content)
-        self.learner.type_answer(operation.result)
+        self.desktop.press(*str(operation.result))
         typed = self.learner.wait_for("the answer", lambda current: current.picture != content.picture)
         self.pictures.save("addition-reponse", typed)
         self.desktop.press("Return")
@@ -109,11 +109,11 @@ class Tour:
         content, _ = self.learner.wait_for_operation("record")
         self.pictures.save("record", content)
         self.pictures.save("record-chronometre", self.learner.wait_for_stopwatch()[0])
-        self.pictures.save("record-bravo", self.answer_correctly("record"))
+        self.pictures.save("record-bravo", self.learner.answer_correctly("record"))
         self.desktop.press("Right")
         self.wrong_operation_of_challenge()
         for _ in range(1, CHALLENGE):
-            self.answer_correctly("record")
+            self.learner.answer_correctly("record")
             self.desktop.press("Right")
         self.pictures.save("record-resultats", self.learner.wait_for_screen("FIN2"))
         self.learner.click_arrow("FIN2")
@@ -137,7 +137,7 @@ class Tour:
         self.learner.open(screen)
         content, _ = self.learner.wait_for_operation(screen)
         self.pictures.save(screen, content)
-        self.pictures.save(f"{screen}-bravo", self.answer_correctly(screen))
+        self.pictures.save(f"{screen}-bravo", self.learner.answer_correctly(screen))
         self.desktop.press("Right")
         _, operation = self.learner.wait_for_operation(screen)
         self.answer_incorrectly(f"{screen}-faux")
@@ -150,11 +150,6 @@ class Tour:
         before = self.desktop.display.picture()
         self.desktop.press(*keys)
         return self.pictures.save(name, self.learner.wait_for(name, lambda content: content.picture != before))
-
-    def answer_correctly(self, screen: str) -> ContentArea:
-        _, operation = self.learner.wait_for_operation(screen)
-        self.learner.submit(operation.result)
-        return self.learner.wait_for_bravo(screen)
 
     def answer_incorrectly(self, name: str) -> None:
         self.learner.submit(WRONG)

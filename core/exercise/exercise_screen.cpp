@@ -22,7 +22,6 @@ ExerciseScreen::ExerciseScreen(ScreenHost& host, const ScreenLayout& layout, con
 void ExerciseScreen::Form_Load() {
   shared.score = 0;
   shared.essai = 0;
-  shared.enAttente = 0;
 }
 
 void ExerciseScreen::Form_KeyDown(int code) {
@@ -242,7 +241,6 @@ void ExerciseScreen::Ecrire(SaturatingInt16 number) {
 
 void ExerciseScreen::EcrireExpression(std::string_view expression) {
   beginPrinting();
-  setFont(expressionFace, expressionSize);
   std::string_view previous;
   for (const auto character : characters(expression)) {
     printCharacter(character, previous);

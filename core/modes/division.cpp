@@ -164,10 +164,7 @@ void DivisionScreen::MauvaiseReponse() {
   enCorrection = 1;
 }
 
-void DivisionScreen::AfficherScore() {
-  Minuterie.turnOff();
-  showScore();
-}
+void DivisionScreen::AfficherScore() { showScore(); }
 
 // ---- Keys --------------------------------------------------------------------------------------------
 

@@ -79,6 +79,9 @@ TEST(AdditionScore, risesOnRightFirstAttemptAndFallsOnEveryWrongAnswer) {
 ROWS(MultiplicationAndDivision, visibleText,
      {"multiplicationTimeLimitShowsInstruction", MULTIPLICATION "wait 30000",
       "12 x 4 = | tu dois répondre en moins de 30 secondes"},
+     {"timeLimitRunsForTheNextMultiplication",
+      MULTIPLICATION "key 4\nkey 8\nkey Enter\nrnd 0 0 0.12 0 0.5\nkey Enter\nwait 30000",
+      "12 x 4 = | tu dois répondre en moins de 30 secondes"},
      {"rightKeyDoesNothingAfterWrongSum", UNITS_RIGHT "key 9\nkey Enter\nkey Right",
       "10 x 4 = 40 | + 2 x 4 = 8 | 12 x 4 = 9 | FAUX"},
      {"digitAfterTheLastStepStartsTheNextMultiplication",
@@ -117,6 +120,29 @@ TEST(Addition, firstGuidedStepIsRed) {
   session.play("click Commande1");
   EXPECT_EQ(session.takeEffects({"addition text 60 140"}),
             "addition text 60 140 \"Times new roman\" 28 #ff0000 \"4\"");
+}
+
+TEST(Addition, variablesFollowTheJudgement) {
+  EXPECT_EQ(ScenarioSession(WRONG).shared().enAttente, 1);
+  EXPECT_EQ(ScenarioSession(ADDITION "set score 5\nkey 8\nkey 2\nwait 30000").shared().consigne, "");
+}
+
+TEST(Addition, drawsNothingWhenTheLevelIsPassedAgain) {
+  const std::string_view again = "key 8\nkey 2\nkey Enter\nset score 10\n";
+  ScenarioSession session(ADDITION "set score 10\nkey 8\nkey 2\nkey Enter\nkey Enter\nkey Enter\n" ADDITION);
+  session.play(again);
+  session.takeEffects({});
+  session.play("key Enter");
+  EXPECT_EQ(session.takeEffects({"a"}), "activate FIN");
+}
+
+/// A multiplication changes the line, which is shared.
+TEST(Addition, resultOfTheTensIsPrintedOnTheirLineAfterAMultiplication) {
+  ScenarioSession session(MULTIPLICATION "front accueil\n" STEP_1 "key 9\nkey Enter\nfront multiplication");
+  session.takeEffects({});
+  session.play("front addition");
+  EXPECT_EQ(session.takeEffects({"addition text 186 140"}),
+            "addition text 186 140 \"Times new roman\" 28 #ff0000 \"7\"");
 }
 
 /// Neither "Bravo" nor "FAUX" was drawn before: the box sets its own line width and fill.

@@ -24,6 +24,8 @@ ROWS(Navigation, takeScreenChanges, {"escapeShowsGoodbye", "key Escape", "load A
      {"hiddenStopImageCannotBeClicked", "click Commande1\nclick arret", ""},
      {"labelCannotBeClicked", "click Commande1\nclick titre", ""},
      {"buttonActivatesLoadedAddition", "click Commande1\nkey Escape\nclick Commande1", "activate addition"},
+     {"passedLevelUnloadsAddition", RIGHT_ANSWER "set score 10\nkey Enter",
+      "load FIN, unload addition, activate FIN"},
      {"rightKeyLeavesFin", LEVEL_PASSED "key Right", "activate accueil"},
      {"enterLeavesFin", LEVEL_PASSED "key Enter", "activate accueil"},
      {"escapeLeavesFin", LEVEL_PASSED "key Escape", "activate accueil"},

@@ -27,6 +27,7 @@ ROWS(Announcement, takeAnnouncement,
      {"correctedStepAndNextStepAreAnnounced",
       MULTIPLICATION "key 9\nkey Enter\nkey x\nkey 3\nkey Enter\nkey x",
       "10 fois 4 égale 40. 2 fois 4 égale ?"},
+     {"correctionOfADivisionIsAnnounced", DIVISION "key 9\nkey Enter\nkey x", "correction. 4 8. 2"},
      {"wrongGuessAnnouncesTheRightDigit", LONG_DIVISION "key 3", "faux : 2"},
      {"remainderAndDigitBroughtDownAreAnnounced", LONG_DIVISION "key 2\nkey 7", "faux : 0, 8"},
      {"endOfCorrectionAnnouncesScore", LONG_DIVISION "key 2\nkey 0\nkey 4\nkey 0",
@@ -63,6 +64,11 @@ TEST(Speech, stopwatchIsSpokenInSeconds) {
   EXPECT_EQ(time({{"0"}, {"0"}, {"0"}, {"0"}}), "0 seconde");
   EXPECT_EQ(time({{"0"}, {"0"}, {"0"}, {"1"}}), "1 seconde");
   EXPECT_EQ(time({{"0"}, {"1"}, {"2"}, {"0"}}), "120 secondes");
+}
+
+/// With some fonts, there is no gap between them.
+TEST(Speech, equalsSignBesideANumberIsAWord) {
+  EXPECT_EQ(spoken({{{"47="}, {"=82"}}, {}}), "47 égale égale 82");
 }
 
 TEST(AccessibleNames, existForEveryScreenAndPicture) {

@@ -16,9 +16,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "window"))
 
-from base_case import answer_addition
+from base_case import WindowCase
 from desktop import Desktop
-from learner import Learner
 
 PACKAGES = Path(os.environ.get("CHIFFROLO_PACKAGES", ROOT / "build")).absolute()  # the newest package is tested
 DPKG_STATUS = Path("/var/lib/dpkg/status")
@@ -36,7 +35,7 @@ gio launch '{root}/{entry}' 2>&1 | cat >&2
 """
 
 
-class Package(unittest.TestCase):
+class Package(WindowCase):
     def setUp(self) -> None:
         """Installs into a root folder that has a copy of the machine's dpkg database and no other files."""
         scratch = Path(self.enterContext(tempfile.TemporaryDirectory()))
@@ -96,16 +95,14 @@ class Package(unittest.TestCase):
     def test_starts_from_desktop_entry_plays_and_is_removed_completely(self) -> None:
         self.launcher.write_text(LAUNCHER.format(home=self.home, root=self.root, entry=ENTRY))
         self.launcher.chmod(0o755)
-        with Desktop(self.launcher) as desktop:
-            learner = Learner(desktop)
-            learner.wait_for_start()
-            self.assert_installed_program_has_focus(desktop)
-            learner.open("addition")
-            answer_addition(learner)
-            desktop.press("Escape")
-            learner.open("Aurevoir")
-            learner.click_arrow("Aurevoir")
-            self.assertEqual((desktop.program.exit_status(), desktop.program.error_output()), (0, ""))
+        learner = self.start(path=self.launcher)
+        self.assert_installed_program_has_focus(learner.desktop)
+        learner.open("addition")
+        learner.answer_correctly("addition")
+        learner.desktop.press("Escape")
+        learner.open("Aurevoir")
+        learner.click_arrow("Aurevoir")
+        self.assert_ends(learner.desktop.program)
         self.dpkg("--purge", "chiffrolo")
         self.assertEqual([path for path in self.root.iterdir() if path.name != "var"], [])
         self.assertEqual([path for path in self.home.rglob("*") if "chiffrolo" in path.name.lower()], [])

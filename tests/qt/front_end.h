@@ -3,11 +3,10 @@
 
 #include "qt/qt_platform.h"
 #include "tests/core/fake_program.h"
-#include "tests/qt/images.h"
 
 #include <QAbstractButton>
+#include <QBitmap>
 #include <QTest>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -20,39 +19,29 @@ inline constexpr Font face{"Times New Roman", 18};
 inline constexpr Colour white{255, 255, 255};
 
 // The home screen has buttons, the exercise has none.
-inline constexpr std::array homeScreenControls{
-    ControlLayout{.kind = ControlKind::button, .name = "first", .place = {0, 300, 3000, 600}, .font = face},
-    ControlLayout{.kind = ControlKind::button, .name = "second", .place = {0, 900, 3000, 600}, .font = face},
-    ControlLayout{.kind = ControlKind::button,
-                  .name = "third",
-                  .place = {9000, 7800, 3000, 600},
-                  .caption = "Chiffrolo",
-                  .font = face},
+inline constexpr ControlLayout homeScreenControls[]{
+    {ControlKind::button, "first", {0, 300, 3000, 600}, "", "", face},
+    {ControlKind::button, "second", {0, 900, 3000, 600}, "", "", face},
+    {ControlKind::button, "third", {9000, 7800, 3000, 600}, "Chiffrolo", "", face},
 };
 
 inline constexpr ControlIndex arrow = 0;
 inline constexpr ControlIndex stop = 1;
 inline constexpr ControlIndex label = 2;
 inline constexpr ControlIndex timer = 3;
-inline constexpr std::array exerciseControls{
-    ControlLayout{.kind = ControlKind::image,
-                  .name = "arrow",
-                  .place = {1500, 0, 480, 480},
-                  .accessibleName = "Continuer",
-                  .picture = Picture::arrow},
-    ControlLayout{.kind = ControlKind::image,
-                  .name = "stop",
-                  .place = {3000, 0, 480, 480},
-                  .picture = Picture::stop,
-                  .visible = Visibility::hidden},
-    ControlLayout{.kind = ControlKind::label,
-                  .name = "label",
-                  .place = {0, 900, 3000, 600},
-                  .caption = "Chiffrolo",
-                  .font = face,
-                  .foreground = {255, 0, 0},
-                  .background = {255, 255, 224}},
-    ControlLayout{.kind = ControlKind::timer, .name = "timer", .enabled = Switch::on, .interval = 5ms},
+inline constexpr ControlLayout exerciseControls[]{
+    {.kind = ControlKind::image,
+     .name = "arrow",
+     .place = {1500, 0, 480, 480},
+     .accessibleName = "Continuer",
+     .picture = Picture::arrow},
+    {.kind = ControlKind::image,
+     .name = "stop",
+     .place = {3000, 0, 480, 480},
+     .picture = Picture::stop,
+     .visible = Visibility::hidden},
+    {ControlKind::label, "label", {0, 900, 3000, 600}, "Chiffrolo", "", face, {255, 0, 0}, {255, 255, 224}},
+    {.kind = ControlKind::timer, .name = "timer", .enabled = Switch::on, .interval = 5ms},
 };
 
 inline constexpr Colour blue{0, 0, 255};
@@ -79,27 +68,17 @@ protected:
     state == Switch::on ? exercise_->startTimer(timer, 5ms) : exercise_->stopTimer(timer);
   }
   QWidget& host() { return *QApplication::topLevelWidgets().constFirst(); }
-  void pressKey(Qt::Key key, const QString& text = {}) {
-    QTest::sendKeyEvent(QTest::Click, host().windowHandle(), key, text, Qt::NoModifier);
-  }
-  /// `scanCode` identifies the physical key.
-  void sendKey(QEvent::Type type, Qt::Key key, quint32 scanCode, const QString& text,
-               Qt::KeyboardModifiers modifiers = Qt::NoModifier, bool isRepeat = false) {
-    QKeyEvent sent{type, key, modifiers, scanCode, 0, 0, text, isRepeat};
-    QCoreApplication::sendEvent(host().windowHandle(), &sent);
+  void pressKey(Qt::Key key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::sendKeyEvent(QTest::Click, host().windowHandle(), key, text, modifiers);
+    QCoreApplication::processEvents();
   }
   /// In pixels of the host window.
-  void clickAt(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
-    QTest::mouseClick(host().windowHandle(), button, Qt::NoModifier, {x, y});
-  }
+  void clickAt(QPoint place) { QTest::mouseClick(host().windowHandle(), Qt::LeftButton, {}, place); }
   QPoint closeBoxPlace() { return {host().width() - 12, 12}; }
-  void clickCloseBox() { clickAt(closeBoxPlace().x(), closeBoxPlace().y()); }
   void clickHiddenButtons() {
     for (auto* const button : host().findChildren<QAbstractButton*>())
       if (!button->isVisible()) button->click();
   }
-  void clickArrow() { clickAt(arrowPlace.x(), arrowPlace.y()); }
-  QRgb pixel(int x, int y) { return host().grab().toImage().pixel(x, y); }
   /// Until a timer has ticked that starts now, so that earlier timers of 5 ms have ticked too.
   void waitForLaterTick() {
     test::FakeProgram program;
@@ -108,19 +87,16 @@ protected:
     const auto window = platform_.createWindow(exerciseLayout, program);
     EXPECT_TRUE(QTest::qWaitFor([&] { return hasTicked; }));
   }
-  void pressZoomKey(Qt::Key key) {
-    QTest::sendKeyEvent(QTest::Click, host().windowHandle(), key, {}, Qt::ControlModifier);
+  /// The host window after what is queued.
+  QImage screenshot(QRect area = {0, 0, -1, -1}) {
+    QCoreApplication::processEvents();
+    return host().grab(area).toImage();
   }
-  void turnWheel(QPoint angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QWheelEvent event{{200, 200}, {200, 200}, {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false};
-    event.ignore();
-    for (QWidget* widget = host().childAt(200, 200); !event.isAccepted() && widget != nullptr;
-         widget = widget->parentWidget()) // Qt passes only events of a real wheel to the parents
-      QCoreApplication::sendEvent(widget, &event);
-  }
+  QRgb pixel(int x, int y) { return screenshot().pixel(x, y); }
   /// The bounding rectangle of the pixels of that colour in the host window.
   QRect areaOfColour(QRgb colour) {
-    return boundingRect(host().grab().toImage(), [&](QRgb pixel) { return pixel == colour; });
+    const QPixmap shown = QPixmap::fromImage(screenshot());
+    return QRegion{shown.createMaskFromColor(colour, Qt::MaskOutColor)}.boundingRect();
   }
 
   QtPlatform platform_;

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <tuple>
+
 namespace chiffrolo::qt {
 
 namespace {
@@ -76,15 +79,16 @@ const KeyRow keyRows[]{
 
 TEST(Keys, areTranslatedToKeyStrokes) {
   for (const auto& row : keyRows) {
-    const auto text = QString::fromUtf8(row.text);
     const QKeyEvent press{QEvent::KeyPress,    row.key, row.modifiers, row.scanCode, 0,
-                          row.nativeModifiers, text};
+                          row.nativeModifiers, row.text};
     EXPECT_EQ(translateKey(press, NativeCodes::ofX11), row.expected) << row.name;
   }
 }
 
-/// From the top left key of the keypad to the bottom right one.
-TEST(KeypadKeys, typeDigitsWithoutNumLock) {
+/// The keypad from the top left key to the bottom right one, and the first key of a French digit row.
+TEST(KeysOnOtherPlatforms, areTranslatedWithoutScanCodes) {
+  EXPECT_EQ(nativeCodes(), NativeCodes::notKnown) << "the tests use the offscreen platform";
+  EXPECT_EQ(translateKey({QEvent::KeyPress, Qt::Key_Ampersand, plain, 10, 0, 0, "&"}), types(U'&'));
   constexpr std::array keys{Qt::Key_Home,  Qt::Key_Up,  Qt::Key_PageUp, Qt::Key_Left,     Qt::Key_Clear,
                             Qt::Key_Right, Qt::Key_End, Qt::Key_Down,   Qt::Key_PageDown, Qt::Key_Insert};
   std::u32string typed;
@@ -93,23 +97,12 @@ TEST(KeypadKeys, typeDigitsWithoutNumLock) {
   EXPECT_EQ(typed, U"7894561230");
 }
 
-TEST(KeysOnOtherPlatforms, areTranslatedWithoutScanCodes) {
-  const QKeyEvent press{QEvent::KeyPress, Qt::Key_Ampersand, plain, 10, 0, 0, QStringLiteral("&")};
-  EXPECT_EQ(nativeCodes(), NativeCodes::notKnown) << "the tests use the offscreen platform";
-  EXPECT_EQ(translateKey(press), types(U'&'));
-}
-
 // ---- Zoom keys ---------------------------------------------------------------------------------------
 
 using enum ZoomStep;
 
-struct ZoomRow {
-  const char* name;
-  int key;
-  Qt::KeyboardModifiers modifiers;
-  quint32 scanCode;
-  std::optional<ZoomStep> expected;
-};
+/// Name, key, modifiers, scan code and expected step.
+using ZoomRow = std::tuple<const char*, int, Qt::KeyboardModifiers, quint32, std::optional<ZoomStep>>;
 
 const ZoomRow zoomRows[]{
     {"frenchPlus", Qt::Key_Plus, control | shift, 21, larger},
@@ -125,10 +118,9 @@ const ZoomRow zoomRows[]{
 };
 
 TEST(ZoomKeys, areTranslatedToZoomSteps) {
-  for (const auto& row : zoomRows)
-    EXPECT_EQ(zoomStep({QEvent::KeyPress, row.key, row.modifiers, row.scanCode, 0, 0}, NativeCodes::ofX11),
-              row.expected)
-        << row.name;
+  for (const auto& [name, key, modifiers, scanCode, expected] : zoomRows)
+    EXPECT_EQ(zoomStep({QEvent::KeyPress, key, modifiers, scanCode, 0, 0}, NativeCodes::ofX11), expected)
+        << name;
 }
 
 TEST(Zoom, factorStaysBetweenOneAndThree) {
@@ -153,44 +145,39 @@ using enum ScreenName;
 constexpr KeyRepeatFilter::ScanCode enterKey = 36;
 constexpr KeyRepeatFilter::ScanCode spaceKey = 65;
 
-class KeyRepeat : public testing::Test {
-protected:
-  void SetUp() override { ASSERT_EQ(filter_.press(enterKey, 1000, hand, addition), counts); }
+TEST(KeyRepeat, countsOnlyOnTheScreenOfItsFirstPress) {
+  KeyRepeatFilter filter;
+  EXPECT_EQ(filter.press(enterKey, 1000, hand, addition), counts);
+  EXPECT_EQ(filter.press(enterKey, 1300, autoRepeat, addition), counts);
+  EXPECT_EQ(filter.press(enterKey, 1330, autoRepeat, FIN), dropped);
+  EXPECT_EQ(filter.press(enterKey, 1360, autoRepeat, FIN), dropped);
+  EXPECT_EQ(filter.press(spaceKey, 1390, autoRepeat, addition), dropped) << "first press was not received";
+  filter.release(enterKey, 1400, hand);
+  EXPECT_EQ(filter.press(spaceKey, 1400, hand, FIN), counts) << "another key";
+}
 
-  KeyRepeatFilter filter_;
+/// Name, time and origin of a release, time of the unmarked press that follows on another screen, and what is
+/// expected of it.
+using ReleaseRow = std::tuple<const char*, KeyRepeatFilter::Milliseconds, KeyRepeatFilter::Origin,
+                              KeyRepeatFilter::Milliseconds, KeyRepeatFilter::Verdict>;
+
+const ReleaseRow releaseRows[]{
+    {"at the same time", 1300, hand, 1300, dropped},
+    {"one millisecond later", 1300, hand, 1301, dropped},
+    {"two milliseconds later", 1300, hand, 1302, counts},
+    {"without timestamps, as Qt reports keys while a screen reader is running", 0, hand, 0, counts},
+    {"after a marked release", 1300, autoRepeat, 1300, counts},
 };
 
-TEST_F(KeyRepeat, countsOnlyOnTheScreenOfItsFirstPress) {
-  EXPECT_EQ(filter_.press(enterKey, 1300, autoRepeat, addition), counts);
-  EXPECT_EQ(filter_.press(enterKey, 1330, autoRepeat, FIN), dropped);
-  EXPECT_EQ(filter_.press(enterKey, 1360, autoRepeat, FIN), dropped);
-  EXPECT_EQ(filter_.press(spaceKey, 1390, autoRepeat, addition), dropped)
-      << "its first press was not received";
-}
-
-TEST_F(KeyRepeat, unmarkedRepeatIsDetectedByItsTimestamp) {
-  filter_.release(enterKey, 1300, hand);
-  EXPECT_EQ(filter_.press(enterKey, 1301, hand, FIN), dropped);
-  filter_.release(enterKey, 1330, hand);
-  EXPECT_EQ(filter_.press(enterKey, 1330, hand, FIN), dropped);
-}
-
-TEST_F(KeyRepeat, releaseEndsTheRepeat) {
-  filter_.release(enterKey, 1300, hand);
-  EXPECT_EQ(filter_.press(spaceKey, 1300, hand, FIN), counts) << "another key";
-  EXPECT_EQ(filter_.press(enterKey, 1302, hand, FIN), counts);
-  EXPECT_EQ(filter_.press(enterKey, 1600, autoRepeat, FIN), counts);
-}
-
-/// While a screen reader is running, Qt reports keys without timestamps.
-TEST_F(KeyRepeat, pressWithoutTimestampIsNotARepeat) {
-  filter_.release(enterKey, KeyRepeatFilter::unknown, hand);
-  EXPECT_EQ(filter_.press(enterKey, KeyRepeatFilter::unknown, hand, FIN), counts);
-}
-
-TEST_F(KeyRepeat, unmarkedPressAfterAMarkedReleaseIsNotARepeat) {
-  filter_.release(enterKey, 1300, autoRepeat);
-  EXPECT_EQ(filter_.press(enterKey, 1300, hand, FIN), counts);
+TEST(KeyRepeat, unmarkedRepeatIsDetectedByItsTimestamp) {
+  for (const auto& [name, released, origin, pressed, expected] : releaseRows) {
+    SCOPED_TRACE(name);
+    KeyRepeatFilter filter;
+    filter.press(enterKey, 1000, hand, addition);
+    filter.release(enterKey, released, origin);
+    EXPECT_EQ(filter.press(enterKey, pressed, hand, FIN), expected);
+    EXPECT_EQ(filter.press(enterKey, 1330, autoRepeat, FIN), expected);
+  }
 }
 
 } // namespace

@@ -5,16 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace chiffrolo::qt {
 
 namespace {
 
-struct Row {
-  const char* name;
-  Font font;
-  const char* text;
-  Points width;
-};
+/// Name, font, text and width.
+using Row = std::tuple<const char*, Font, const char*, Points>;
 
 constexpr auto bold = Weight::bold;
 
@@ -28,16 +26,10 @@ const Row rows[]{
     {"faceOfCaptions", {"MS Sans Serif", 8.25F, bold}, "1234", 18.353F},
 };
 
-TEST(Text, hasTheWidthOfItsFace) {
+TEST(Text, hasTheSizeOfItsFace) {
   FontCache fonts;
-  for (const auto& row : rows) {
-    const auto pixels = fonts.face(row.font).width(QString::fromUtf8(row.text));
-    EXPECT_NEAR(toPoints(pixels), row.width, row.width * 0.001F) << row.name;
-  }
-}
-
-TEST(Text, hasTheLineHeightOfItsFace) {
-  FontCache fonts;
+  for (const auto& [name, font, text, width] : rows)
+    EXPECT_NEAR(toPoints(fonts.face(font).width(text)), width, width * 0.001F) << name;
   EXPECT_NEAR(toPoints(fonts.face({"Times", 28, bold}).lineHeight()), 28 * 1.107F, 0.1F);
 }
 
@@ -64,8 +56,7 @@ TEST(Captions, haveASmallerFontIfTheyDoNotFit) {
   const QFontMetrics fitting{fittingFont(font, caption, oneLine)};
   EXPECT_LE(fitting.horizontalAdvance(caption), oneLine.width());
   EXPECT_GT(fitting.horizontalAdvance(caption), oneLine.width() * 8 / 10) << "not smaller than necessary";
-  const QSize twoLines{100, 96};
-  EXPECT_GT(fittingFont(font, caption, twoLines).pixelSize(), fitting.ascent()) << "wrapped between words";
+  EXPECT_GT(fittingFont(font, caption, {100, 96}).pixelSize(), fitting.ascent()) << "wrapped between words";
 }
 
 } // namespace

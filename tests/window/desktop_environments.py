@@ -3,6 +3,7 @@
 
 import subprocess
 import tempfile
+from contextlib import suppress
 from pathlib import Path
 
 import Xlib.display
@@ -37,9 +38,6 @@ class Panel:
         work_area = self._root.get_full_property(self._atom("_NET_WORKAREA"), Xatom.CARDINAL)
         return work_area is not None and work_area.value[1] == PANEL_HEIGHT
 
-    def close(self) -> None:
-        self._connection.close()
-
     def _atom(self, name: str) -> int:
         return self._connection.intern_atom(name)
 
@@ -47,52 +45,45 @@ class Panel:
         self._button.change_property(self._atom(name), kind, 32, values)
 
 
-class Scratch(tempfile.TemporaryDirectory):
-    """A private home and runtime folder, so that the settings of the user have no effect."""
+class StartedEnvironment(DesktopEnvironment):
+    """A process with a private home and runtime folder, so that the settings of the user have no effect."""
 
-    def __init__(self) -> None:
-        super().__init__(ignore_cleanup_errors=True)
-        self.path = Path(self.name)
-
-    def variables(self) -> dict[str, str]:
-        return {"HOME": self.name, "XDG_RUNTIME_DIR": self.name}
-
-
-class WindowManager(DesktopEnvironment):
-    """A window manager and a panel."""
-
-    panel_height = PANEL_HEIGHT
     command: list[str]
 
     def __init__(self, display: Display):
         super().__init__(display)
-        self._scratch = Scratch()
-        self._panel: Panel | None = None
-        own = {"GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
-        self._manager = start_without_output(self.command, display.variables() | self._scratch.variables() | own)
+        self._scratch = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
+        self.home = Path(self._scratch.name)
+        own = {"HOME": self._scratch.name, "XDG_RUNTIME_DIR": self._scratch.name}
+        own |= {"GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
+        self.process = start_without_output(self.command, display.variables() | own)
         try:
-            wait_until("the window manager has started", self.has_started)
-            self._panel = Panel(display)
-            # The window manager sets its properties on the root window before it manages windows.
-            wait_until("the window manager is ready", self._panel.is_reserved)
+            self.wait_until_ready()
         except BaseException:
             self.close()
             raise
 
-    def has_started(self) -> bool:
-        """Whether windows that appear from now on are managed."""
-        return True
+    def close(self) -> None:
+        end_process(self.process)
+        self._scratch.cleanup()
+
+
+class WindowManager(StartedEnvironment):
+    """A window manager and a panel."""
+
+    panel_height = PANEL_HEIGHT
+
+    def wait_until_ready(self) -> None:
+        """The window manager sets its properties on the root window before it manages windows."""
+        self._panel = Panel(self.display)
+        wait_until("the window manager is ready", self._panel.is_reserved)
 
     def close(self) -> None:
         """Closes the display to end the window manager: ended by a signal, it would leave a message bus running."""
-        if self._panel is not None:
-            self._panel.close()
         self.display.close()
-        try:
-            self._manager.wait(5)
-        except subprocess.TimeoutExpired:
-            end_process(self._manager)
-        self._scratch.cleanup()
+        with suppress(subprocess.TimeoutExpired):
+            self.process.wait(5)
+        super().close()
 
 
 class Openbox(WindowManager):
@@ -100,8 +91,9 @@ class Openbox(WindowManager):
 
     command = ["openbox", "--sm-disable", "--startup", "sh -c 'touch $HOME/started'"]
 
-    def has_started(self) -> bool:
-        return (self._scratch.path / "started").exists()
+    def wait_until_ready(self) -> None:
+        wait_until("openbox has started", (self.home / "started").exists)
+        super().wait_until_ready()
 
 
 class Xfwm4(WindowManager):
@@ -114,11 +106,12 @@ class Metacity(WindowManager):
     command = ["metacity", "--sm-disable", "--compositor=none"]
 
 
-class Weston(DesktopEnvironment):
-    """A Wayland compositor whose screen is the only window of the X display."""
+class Weston(StartedEnvironment):
+    """A Wayland compositor with a French keyboard. Its screen is the only window of the X display."""
 
     panel_height = 32  # fixed by weston
     socket = "chiffrolo"
+    backend = ["--backend=x11-backend.so", "--use-pixman"]
     settings = """
 [core]
 idle-time=0
@@ -132,40 +125,27 @@ locking=false
 """
 
     def __init__(self, display: Display):
+        display.set_keyboard_layout("fr")  # weston uses that of the X display
         super().__init__(display)
-        self._scratch = Scratch()
-        settings = self._scratch.path / "weston.ini"
-        settings.write_text(self.settings, encoding="ascii")
-        command = ["weston", f"--config={settings}", f"--socket={self.socket}", *self.backend()]
-        self._compositor = start_without_output(command, self.display.variables() | self._scratch.variables())
-        try:
-            wait_until("the compositor is ready", self.is_ready)
-            self.synchronise_pointers()
-        except BaseException:
-            self.close()
-            raise
 
-    def is_ready(self) -> bool:
-        """Whether the panel is shown: from then on, its area is reserved."""
-        return self.display.picture().pixel(*self.empty_position_on_panel()) == WAYLAND_PANEL_COLOUR
+    @property
+    def command(self) -> list[str]:
+        """Writes the file with the settings."""
+        (self.home / "weston.ini").write_text(self.settings, encoding="ascii")
+        size = [f"--width={self.display.width}", f"--height={self.display.height}"]
+        return ["weston", f"--config={self.home}/weston.ini", f"--socket={self.socket}", *self.backend, *size]
 
-    def synchronise_pointers(self) -> None:
-        """Moves the pointer to two corners. There, the positions of the X display and the compositor become equal:
-        the compositor adds up relative movements from its own start position, and both stop at the edges."""
-        last_corner = self.display.width - 1, self.display.height - 1
-        for x, y in (last_corner, (0, 0), self.empty_position_on_panel()):
+    def wait_until_ready(self) -> None:
+        """The area of the panel is reserved when it is shown. Then moves the pointer to two corners. There, its
+        positions on the X display and in the compositor become equal: the compositor adds up relative movements from
+        its own start position, and both stop at the edges."""
+        empty = self.display.width // 2, 2  # here the pointer, which is part of the picture, covers nothing
+        wait_until("the panel is shown", lambda: self.display.picture().pixel(*empty) == WAYLAND_PANEL_COLOUR)
+        for x, y in ((self.display.width - 1, self.display.height - 1), (0, 0), empty):
             self.display.run("xdotool", "mousemove", str(x), str(y))
 
-    def empty_position_on_panel(self) -> tuple[int, int]:
-        """Here the pointer, which is part of the picture, covers nothing that a test reads."""
-        return self.display.width // 2, 2
-
-    def backend(self) -> list[str]:
-        size = [f"--width={self.display.width}", f"--height={self.display.height}"]
-        return ["--backend=x11-backend.so", "--use-pixman", *size]
-
     def variables(self) -> dict[str, str]:
-        sockets = {"XDG_RUNTIME_DIR": str(self._scratch.path), "WAYLAND_DISPLAY": self.socket}
+        sockets = {"XDG_RUNTIME_DIR": str(self.home), "WAYLAND_DISPLAY": self.socket}
         return variables_without_display() | sockets | {"QT_QPA_PLATFORM": "wayland"}
 
     def program_has_focus(self) -> bool:
@@ -173,19 +153,14 @@ locking=false
         return True
 
     def kill_display_server(self) -> None:
-        self._compositor.kill()
-        self._compositor.wait()
-
-    def close(self) -> None:
-        end_process(self._compositor)
-        self._scratch.cleanup()
+        self.process.kill()
+        self.process.wait()
 
 
 class HeadlessWeston(Weston):
     """Has no screen: no pictures, no keys and no clicks."""
 
-    def is_ready(self) -> bool:
-        return (self._scratch.path / self.socket).exists()
+    backend = ["--backend=headless-backend.so"]
 
-    def backend(self) -> list[str]:
-        return ["--backend=headless-backend.so", f"--width={self.display.width}", f"--height={self.display.height}"]
+    def wait_until_ready(self) -> None:
+        wait_until("the compositor is ready", (self.home / self.socket).exists)

@@ -7,19 +7,17 @@ It prints what Qt reports if something else is missing, or when asked.
 
 import resource
 import tempfile
-import time
 import unittest
 from pathlib import Path
 
-from base_case import answer_addition, program_path
-from desktop import Desktop, DesktopEnvironment, Program, variables_without_display
+from base_case import PROGRAM, WindowCase
+from desktop import DesktopEnvironment, Program, variables_without_display
 from desktop_environments import Weston
-from learner import Learner
 
 MAX_EXIT_TIME = 2.0  # seconds
 
 
-class DisplayFaults(unittest.TestCase):
+class DisplayFaults(WindowCase):
     def setUp(self) -> None:
         """Enables core dumps: a crash leaves a file in the scratch folder."""
         _, hard_limit = resource.getrlimit(resource.RLIMIT_CORE)
@@ -27,58 +25,45 @@ class DisplayFaults(unittest.TestCase):
         self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
 
     def test_exits_without_display(self) -> None:
-        self.start_with(variables_without_display())
+        self.assert_exits(self.start_without_display())
 
     def test_exits_if_display_does_not_exist(self) -> None:
-        self.start_with(variables_without_display() | {"DISPLAY": ":4711"})
+        self.assert_exits(self.start_without_display(DISPLAY=":4711"))
 
-    def test_exits_when_x_server_is_killed(self) -> None:
-        self.kill_display_server(DesktopEnvironment)
-
-    def test_exits_when_compositor_is_killed(self) -> None:
-        self.kill_display_server(Weston)
+    def test_exits_when_display_server_is_killed(self) -> None:
+        for environment in (DesktopEnvironment, Weston):
+            with self.subTest(environment=environment):
+                learner = self.start(environment, folder=self.folder)
+                learner.open("addition")
+                learner.answer_correctly("addition")
+                self.assertEqual(learner.desktop.program.error_output(), "")
+                learner.desktop.environment.kill_display_server()
+                self.assert_exits(learner.desktop.program)
 
     def test_prints_the_message_of_qt_if_the_platform_is_unknown(self) -> None:
-        errors = self.error_output_with(QT_QPA_PLATFORM="abacus")
+        errors = self.error_output_of(self.start_without_display(QT_QPA_PLATFORM="abacus"))
         self.assertIn('Could not find the Qt platform plugin "abacus"', errors)
         self.assertIn("no Qt platform plugin could be initialized", errors)
         self.assertNotIn("Chiffrolo :", errors)
 
     def test_prints_the_messages_of_qt_when_asked(self) -> None:
-        errors = self.error_output_with(QT_DEBUG_PLUGINS="1")
+        errors = self.error_output_of(self.start_without_display(QT_DEBUG_PLUGINS="1"))
         self.assertIn("could not connect to display", errors)
         self.assertIn("Chiffrolo :", errors.splitlines()[-1])
 
-    def start_with(self, variables: dict[str, str]) -> None:
-        started = time.monotonic()
-        self.assert_exits(self.start(variables), started)
+    def start_without_display(self, **variables: str) -> Program:
+        program = Program(PROGRAM, variables_without_display() | variables, self.folder)
+        self.addCleanup(program.close)
+        return program
 
-    def start(self, variables: dict[str, str]) -> Program:
-        process = Program(program_path(), variables, self.folder)
-        self.addCleanup(process.close)
-        return process
-
-    def error_output_with(self, **variables: str) -> str:
-        process = self.start(variables_without_display() | variables)
-        self.assertEqual(process.exit_status(), 1)
-        return process.error_output()
-
-    def kill_display_server(self, environment: type[DesktopEnvironment]) -> None:
-        desktop = self.enterContext(Desktop(program_path(), environment, self.folder))
-        learner = Learner(desktop)
-        learner.wait_for_start()
-        learner.open("addition")
-        answer_addition(learner)
-        self.assertEqual(desktop.program.error_output(), "")
-        killed = time.monotonic()
-        desktop.environment.kill_display_server()
-        self.assert_exits(desktop.program, killed)
-
-    def assert_exits(self, process: Program, since: float) -> None:
-        self.assertEqual(process.exit_status(), 1, process.error_output())
-        self.assertLess(time.monotonic() - since, MAX_EXIT_TIME)
-        self.assertRegex(process.error_output(), r"\A[^\n]+\n\Z")
+    def assert_exits(self, program: Program) -> None:
+        self.assertRegex(self.error_output_of(program), r"\A[^\n]+\n\Z")
         self.assertEqual(list(self.folder.iterdir()), [], "a crash left files")
+
+    def error_output_of(self, program: Program) -> str:
+        """After its end, at once."""
+        self.assertEqual(program.exit_status(MAX_EXIT_TIME), 1, program.error_output())
+        return program.error_output()
 
 
 if __name__ == "__main__":

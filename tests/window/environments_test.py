@@ -1,25 +1,37 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
 """In each desktop environment, the program fills the work area, has the focus at once, shows all screens, and exits
-with status 0 and without error output."""
+with status 0 and without error output. It follows the display when that is resized."""
 
 import signal
 import unittest
 
-from base_case import WindowCase, answer_addition, program_path
-from desktop import Desktop, wait_until
+from base_case import PROGRAM, WindowCase
+from desktop import Desktop, DesktopEnvironment, Display, wait_until
 from desktop_environments import HeadlessWeston, Metacity, Openbox, Weston, Xfwm4
+from learner import EXERCISES, read_line
 from picture import Area
-from learner import Learner
-from screens import WHITE
+from screens import BLUE, WHITE, ContentArea
+from text_recognition import Unreadable
+
+LINE = EXERCISES["addition"].line
+LEFT_OF_LINE = 80  # pixels; a digit begins with blank pixels
+MIN_WIDTH = 896  # pixels, of the content area; a narrower one is scaled down
+FRAME_WIDTH = 2  # pixels, left and right together
 
 
 class WithoutWindowManager(WindowCase):
+    environment = DesktopEnvironment
+
+    def setUp(self) -> None:
+        self.learner = self.start(self.environment)
+        self.desktop = self.learner.desktop
+
     def test_all_screens_are_shown(self) -> None:
         self.assert_work_area_is_filled()
         self.desktop.press("space")  # presses the first button, which has the focus
-        answer_addition(self.learner)
-        self.desktop.press("Escape")
+        self.learner.answer_correctly("addition")
+        self.learner.click("addition", "arret")
         for screen in ("multiplication", "division", "record"):
             self.learner.open(screen)
             self.learner.wait_for_operation(screen)
@@ -29,17 +41,51 @@ class WithoutWindowManager(WindowCase):
         self.learner.wait_for_screen("accueil")
         self.desktop.press("Escape")
         self.learner.click_arrow("Aurevoir")
-        self.assertEqual((self.desktop.program.exit_status(), self.desktop.program.error_output()), (0, ""))
+        self.assert_ends(self.desktop.program)
 
     def assert_work_area_is_filled(self) -> None:
         """With the same pixels as on a display without a panel, cut off at the bottom."""
         panel_height = self.environment.panel_height
-        with Desktop(program_path()) as desktop:
-            whole = Learner(desktop).wait_for_start().picture
+        whole = self.start().wait_for_start().picture
         work_area = Area(0, panel_height, whole.width, whole.height)
         expected = whole.crop(work_area.moved(0, -panel_height))
         home = self.desktop.wait_for("the whole home screen", lambda picture: picture.crop(work_area) == expected)
         self.assertFalse(home.has(WHITE, Area(0, 0, 1, panel_height)), "the window covers the panel")
+
+    def test_drawing_is_kept_when_display_is_resized(self) -> None:
+        """It is scaled down if the display is too small."""
+        self.learner.open("addition")
+        _, operation = self.learner.wait_for_operation("addition")
+        first, rest = str(operation.result)[0], str(operation.result)[1:]
+        line = f"{operation.left}{operation.sign}{operation.right}={first}?"
+        whole = Display.width, Display.height
+        self.desktop.press(first)
+        before = self.wait_for_line(line, *whole)
+        self.assertAlmostEqual(before.bounding_box(BLUE, LINE).left, LEFT_OF_LINE, delta=5)
+        for size in ((1024, 768), (900, 1024)):
+            self.desktop.display.resize(*size)
+            self.wait_for_line(line, *size)
+        self.desktop.display.resize(800, 600)
+        right_edge = self.learner.layouts["addition"].title.area.right * (800 - FRAME_WIDTH) / MIN_WIDTH
+
+        def is_scaled_down(content: ContentArea) -> bool:
+            return content.title() is not None and abs(content.title().right - right_edge) <= 2
+
+        self.learner.wait_for("the screen scaled down", is_scaled_down)
+        self.desktop.display.resize(*whole)
+        self.learner.wait_for("the original picture", lambda content: content.picture == before.picture)
+        self.desktop.press(*rest, "Return")
+        self.learner.wait_for_bravo("addition")
+
+    def wait_for_line(self, expected: str, width: int, height: int) -> ContentArea:
+        def is_shown(content: ContentArea) -> bool:
+            size = content.picture.width, content.picture.height
+            try:
+                return size == (width, height) and read_line(content, LINE, BLUE) == expected
+            except Unreadable:  # the window is still smaller than the display
+                return False
+
+        return self.learner.wait_for(f"{expected} on {width} x {height} pixels", is_shown)
 
 
 class WithOpenbox(WithoutWindowManager):
@@ -56,12 +102,13 @@ class WithMetacity(WithoutWindowManager):
 
 class OnWayland(WithoutWindowManager):
     environment = Weston
+    test_drawing_is_kept_when_display_is_resized = None  # the screen of weston keeps its size
 
 
-class OnWaylandWithoutScreen(unittest.TestCase):
+class OnWaylandWithoutScreen(WindowCase):
     def test_runs_until_sigterm(self) -> None:
         """Waits for requests in the Wayland log on standard error. Lines of this log begin with a timestamp."""
-        with Desktop(program_path(), HeadlessWeston, variables={"WAYLAND_DEBUG": "client"}) as desktop:
+        with Desktop(PROGRAM, HeadlessWeston, variables={"WAYLAND_DEBUG": "client"}) as desktop:
             for request in ("set_maximized", ".attach(wl_buffer"):
                 wait_until(request, lambda: request in desktop.program.error_output())
             desktop.program.send_signal(signal.SIGTERM)

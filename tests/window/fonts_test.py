@@ -5,9 +5,7 @@
 import tempfile
 import unittest
 
-from base_case import program_path
-from desktop import Desktop
-from learner import Learner
+from base_case import WindowCase
 from screens import LABEL_BORDER, ContentArea
 from text_recognition import Coverage, coverage_of, split
 
@@ -24,17 +22,16 @@ CONFIGURATION = """<?xml version="1.0"?>
 MIN_HEIGHT_RATIO = 1.2  # of the highest character to the lowest; about 1 if all are boxes
 
 
-class Fonts(unittest.TestCase):
+class Fonts(WindowCase):
     def test_name_of_program_is_readable(self) -> None:
         """It is sans serif on the home screen, and with serifs on the other one."""
         for files in FONTS:
             with self.subTest(files=files), tempfile.NamedTemporaryFile("w", suffix=".conf") as configuration:
                 configuration.write(CONFIGURATION.format(files=files))
                 configuration.flush()
-                with Desktop(program_path(), variables={"FONTCONFIG_FILE": configuration.name}) as desktop:
-                    learner = Learner(desktop)
-                    self.assert_heights_differ(learner.wait_for_start(), "accueil")
-                    self.assert_heights_differ(learner.open("addition"), "addition")
+                learner = self.start(variables={"FONTCONFIG_FILE": configuration.name})
+                self.assert_heights_differ(learner.wait_for_start(), "accueil")
+                self.assert_heights_differ(learner.open("addition"), "addition")
 
     def assert_heights_differ(self, content: ContentArea, screen: str) -> None:
         area, colour, background = content.layouts[screen].title

@@ -9,7 +9,7 @@ import unittest
 from typing import NamedTuple
 
 from base_case import WindowCase
-from desktop import Display
+from desktop import DesktopEnvironment
 from desktop_environments import Weston
 
 
@@ -44,27 +44,35 @@ LAYOUTS = [
 ]
 
 
-class KeyboardCase(WindowCase):
-    """Fixture: plays additions. Escape and Right are the same keys in all layouts."""
+class OnX11(WindowCase):
+    environment = DesktopEnvironment
+    layouts = LAYOUTS
+
+    def test_digit_keys_type_digits_on_each_layout(self) -> None:
+        """Plays additions. Escape and Right are the same keys in all layouts."""
+        self.learner = self.start(self.environment)
+        self.desktop = self.learner.desktop
+        for layout in self.layouts:
+            with self.subTest(layout=layout.name, variant=layout.variant):
+                self.desktop.display.set_keyboard_layout(layout.name, layout.variant)
+                self.learner.open("addition")
+                self.play(layout)
+                self.desktop.press("Escape")
 
     def play(self, layout: Layout) -> None:
-        self.learner.open("addition")
         self.answer(DIGIT_ROW, layout)
         if layout.digits_need_shift:
             self.answer(DIGIT_ROW, layout, with_shift=True)
         self.answer(KEYPAD, layout)
-        self.answer(KEYPAD, layout, lock=NUM_LOCK)
+        self.answer(KEYPAD, layout, NUM_LOCK)
         if layout is FRENCH:
             self.learner.wait_for_operation("addition")
             self.desktop.press_with(ALT_GR, *DIGIT_ROW.values())  # types characters that are not added to the answer
-            self.answer(DIGIT_ROW, layout, lock=CAPS_LOCK)
-        self.desktop.press("Escape")
-        self.learner.wait_for_screen("accueil")
+            self.answer(DIGIT_ROW, layout, CAPS_LOCK)
 
-    def answer(self, keys: dict[str, str], layout: Layout, with_shift: bool = False, lock: str | None = None) -> None:
-        """Answers an operation. `keys` are key codes by digit. `lock` is on meanwhile."""
+    def answer(self, keys: dict[str, str], layout: Layout, *locks: str, with_shift: bool = False) -> None:
+        """Answers an operation. `keys` are key codes by digit. `locks` are on meanwhile."""
         _, operation = self.learner.wait_for_operation("addition")
-        locks = [lock] if lock else []
         self.press(False, *locks)
         self.press(with_shift, *(keys[digit] for digit in str(operation.result)))
         self.press(layout.equals_needs_shift, layout.equals)
@@ -78,27 +86,9 @@ class KeyboardCase(WindowCase):
             self.desktop.press(*keys)
 
 
-class OnX11(KeyboardCase):
-    def test_digit_keys_type_digits_on_each_layout(self) -> None:
-        for layout in LAYOUTS:
-            with self.subTest(layout=layout.name, variant=layout.variant):
-                self.desktop.display.set_keyboard_layout(layout.name, layout.variant)
-                self.play(layout)
-
-
-class FrenchWeston(Weston):
-    """Weston uses the keyboard layout of the X display."""
-
-    def __init__(self, display: Display):
-        display.set_keyboard_layout("fr")
-        super().__init__(display)
-
-
-class OnWayland(KeyboardCase):
-    environment = FrenchWeston
-
-    def test_digit_keys_type_digits_on_french_layout(self) -> None:
-        self.play(FRENCH)
+class OnWayland(OnX11):
+    environment = Weston
+    layouts = [FRENCH]
 
 
 if __name__ == "__main__":

@@ -64,8 +64,7 @@ class Listener:
         """The texts on the drawing surface of a screen, from top to bottom."""
         parts = descendants(self.wait_for_screen(screen))
         surface = next(part for part in parts if part.getRole() == pyatspi.ROLE_CANVAS)
-        children = [surface.getChildAtIndex(index) for index in range(surface.childCount)]
-        labels = [child.name for child in children if child is not None and child.getRole() == pyatspi.ROLE_LABEL]
+        labels = [part.name for part in descendants(surface) if part.getRole() == pyatspi.ROLE_LABEL]
         return [text for text in labels if text not in ("", "Chiffrolo")]
 
     def press_button(self, screen: str, name: str) -> None:

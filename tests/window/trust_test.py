@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The program connects only to the local desktop, writes no files and starts no processes.
 
-Traces the system calls of the program while it is played and a screen reader is running. Requires a private session
+Traces the system calls of the program during the tour, while a screen reader is running. Requires a private session
 bus: `dbus-run-session -- trust_test.py`.
 """
 
@@ -15,10 +15,10 @@ from typing import NamedTuple
 
 from gi.repository import Gio
 
-from base_case import program_path
+from base_case import PROGRAM
 from desktop import Desktop, wait_until
 from listener import Listener
-from learner import Learner
+from tour import PictureFolder, Tour
 
 WRITES = re.compile(r"\bO_(WRONLY|RDWR|CREAT|TRUNC|APPEND)\b")
 CHANGES_FILES = re.compile(
@@ -52,9 +52,11 @@ class SystemCalls(unittest.TestCase):
         variables |= {f"XDG_{kind}_HOME": str(home / kind) for kind in ("CACHE", "CONFIG", "DATA", "STATE")}
         with Desktop(traced_program(folder), variables=variables) as desktop:
             cls.display = f"/tmp/.X11-unix/X{desktop.display.name.removeprefix(':')}"
-            play_all(Learner(desktop), listener)
-            assert desktop.program.exit_status() == 0, desktop.program.error_output()
-        cls.calls = read_calls(folder / "trace")
+            assert "Entrainement" in listener.texts("Accueil")
+            assert Tour(desktop, PictureFolder(folder / "pictures")).play() == 0, desktop.program.error_output()
+        trace = folder / "trace"
+        wait_until("the tracer has ended", lambda: trace.read_bytes().endswith(b"+++ exited with 0 +++\n"))
+        cls.calls = [Call(*call) for call in CALL.findall(trace.read_text(encoding="utf-8", errors="replace"))]
         cls.created_files = list(home.rglob("*"))
 
     def calls_of(self, pattern: str) -> list[Call]:
@@ -79,50 +81,17 @@ class SystemCalls(unittest.TestCase):
 
     def test_starts_no_process(self) -> None:
         started = self.calls_of("execve.*|v?fork|clone.*")
-        self.assertEqual(started[0].path(), str(program_path()))
+        self.assertEqual(started[0].path(), str(PROGRAM))
         self.assertEqual([call for call in started[1:] if "CLONE_THREAD" not in call.arguments], [])
-
-
-# ---- Playing --------------------------------------------------------------------------------------------
-
-
-def play_all(learner: Learner, listener: Listener) -> None:
-    """A wrong answer and its correction, a challenge that is abandoned after a right answer, and the goodbye screen."""
-    learner.wait_for_start()
-    listener.wait_for_screen("Accueil")
-    learner.open("addition")
-    learner.wait_for_operation("addition")
-    learner.submit(1)
-    learner.wait_for_faux()
-    learner.click_arrow("addition")
-    learner.desktop.press("Escape")
-    learner.open("record")
-    _, operation = learner.wait_for_operation("record")
-    learner.submit(operation.result)
-    learner.wait_for_bravo("record")
-    assert any("Bravo" in text for text in listener.texts("Record"))
-    learner.desktop.press("Escape")
-    learner.click_arrow("FIN2")
-    learner.open("Aurevoir")
-    learner.click_arrow("Aurevoir")
-
-
-# ---- Tracing --------------------------------------------------------------------------------------------
 
 
 def traced_program(folder: Path) -> Path:
     """A script that starts the program under strace. With -D, the started process becomes the program itself."""
     tracer = "strace -D -f -q -s 4096 -e signal=none -e trace=%network,%file,%process"
     script = folder / "traced"
-    script.write_text(f"#!/bin/sh\nexec {tracer} -o '{folder}/trace' '{program_path()}'\n", encoding="utf-8")
+    script.write_text(f"#!/bin/sh\nexec {tracer} -o '{folder}/trace' '{PROGRAM}'\n", encoding="utf-8")
     script.chmod(0o700)
     return script
-
-
-def read_calls(trace: Path) -> list[Call]:
-    """Waits until the trace contains the end of the program."""
-    wait_until("the tracer has ended", lambda: trace.read_bytes().endswith(b"+++ exited with 0 +++\n"))
-    return [Call(*call) for call in CALL.findall(trace.read_text(encoding="utf-8", errors="replace"))]
 
 
 def accessibility_bus() -> str:
