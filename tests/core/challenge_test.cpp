@@ -52,6 +52,15 @@ ROWS(ChallengeNavigation, takeScreenChanges, {"escapeShowsResults", CHALLENGE "k
      {"returningToCompleteChallengeShowsResults",
       CHALLENGE "front accueil\nset nbOperations 20\nclick Commande4", "activate record, " TO_RESULTS});
 
+/// The stopwatch changes the font.
+TEST(ChallengeFont, questionMarkHasTheFontOfTheOperationAfterASecond) {
+  ScenarioSession session(CHALLENGE "key 6\nwait 1000");
+  session.takeEffects({});
+  session.play("key Backspace");
+  EXPECT_EQ(session.takeEffects({"record text"}),
+            "record text 292 120 \"Times new roman\" 28 #000080 \" ?\"");
+}
+
 TEST(ChallengeCounters, stopAtTheirMaximum) {
   ScenarioSession session(
       CHALLENGE "set chrono 32767\nset effectuees 0 32767 0 0\nwait 1000\nkey 9\nkey =\nkey x\n" NEXT_NUMBERS
