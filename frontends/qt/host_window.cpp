@@ -41,7 +41,7 @@ bool isSizedByCompositor() {
 
 } // namespace
 
-HostWindow::HostWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
+HostWindow::HostWindow(const Zoom& zoom) : QWidget(nullptr, Qt::FramelessWindowHint), zoom_(zoom) {
   setWindowTitle(QStringLiteral("Chiffrolo"));
   setAttribute(Qt::WA_InputMethodEnabled, false);
   // Without it, the focus of the first button is drawn only after the first Tab.
@@ -52,7 +52,7 @@ HostWindow::HostWindow() : QWidget(nullptr, Qt::FramelessWindowHint) {
 
 void HostWindow::add(Page& page) {
   pages_.push_back(&page);
-  page.view().setZoom(zoom_.factor());
+  page.view().setZoom(zoom_);
   page.fill(size());
 }
 
@@ -108,8 +108,7 @@ HostWindow::KeyFate HostWindow::pressKey(const QKeyEvent& press) {
   using enum KeyFate;
   if (current_ == nullptr) return consumed;
   if (const auto step = zoomStep(press)) {
-    repeats_.dropRepeats(scanCode(press)); // auto-repeat continues when Control is released first
-    takeZoomStep(*step);
+    pressZoomKey(press, *step);
     return consumed;
   }
   const auto verdict = repeats_.press(scanCode(press), press.timestamp(), origin(press), current_->name());
@@ -126,10 +125,17 @@ HostWindow::KeyFate HostWindow::releaseKey(const QKeyEvent& release) {
   return zoomStep(release) ? KeyFate::consumed : KeyFate::passedOn;
 }
 
+/// A key that is held goes through the levels, but does not switch between filling and not.
+void HostWindow::pressZoomKey(const QKeyEvent& press, ZoomStep step) {
+  const bool isRepeat = repeats_.isRepeat(scanCode(press), press.timestamp(), origin(press));
+  repeats_.dropRepeats(scanCode(press)); // auto-repeat continues when Control is released first
+  if (step != ZoomStep::fill || !isRepeat) takeZoomStep(step);
+}
+
 void HostWindow::takeZoomStep(ZoomStep step) {
-  zoom_.take(step);
+  zoom_.take(step, current_->view().fillFactor());
   for (auto* const page : pages_)
-    page->view().setZoom(zoom_.factor());
+    page->view().setZoom(zoom_);
 }
 
 void HostWindow::followScreen() {

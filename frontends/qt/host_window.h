@@ -17,7 +17,7 @@ namespace chiffrolo::qt {
 /// when the current one is removed.
 class HostWindow final : public QWidget {
 public:
-  HostWindow();
+  explicit HostWindow(const Zoom& zoom);
 
   /// `page` is a child of the host.
   void add(Page& page);
@@ -39,6 +39,7 @@ private:
   enum class KeyFate : std::uint8_t { consumed, passedOn };
   KeyFate pressKey(const QKeyEvent& press);
   KeyFate releaseKey(const QKeyEvent& release);
+  void pressZoomKey(const QKeyEvent& press, ZoomStep step);
   void takeZoomStep(ZoomStep step);
   void open();
   void followScreen();

@@ -18,9 +18,13 @@ bool isAtOnce(KeyRepeatFilter::Milliseconds press, std::optional<KeyRepeatFilter
 KeyRepeatFilter::Verdict KeyRepeatFilter::press(ScanCode key, Milliseconds time, Origin origin,
                                                 ScreenName activeScreen) {
   auto& held = keys_[key];
-  const bool repeated = origin == Origin::autoRepeat || isAtOnce(time, held.released);
-  if (!repeated) held.pressedOn = activeScreen;
+  if (!isRepeat(key, time, origin)) held.pressedOn = activeScreen;
   return held.pressedOn == activeScreen ? Verdict::counts : Verdict::dropped;
+}
+
+bool KeyRepeatFilter::isRepeat(ScanCode key, Milliseconds time, Origin origin) const {
+  const auto held = keys_.find(key);
+  return origin == Origin::autoRepeat || (held != keys_.end() && isAtOnce(time, held->second.released));
 }
 
 void KeyRepeatFilter::release(ScanCode key, Milliseconds time, Origin origin) {

@@ -21,6 +21,8 @@ public:
   enum class Verdict : std::uint8_t { counts, dropped };
 
   Verdict press(ScanCode key, Milliseconds time, Origin origin, ScreenName activeScreen);
+  /// Whether such a press, which was not given to `press`, is auto-repeat.
+  bool isRepeat(ScanCode key, Milliseconds time, Origin origin) const;
   void release(ScanCode key, Milliseconds time, Origin origin);
   /// Drops the auto-repeat of the key until it is pressed again.
   void dropRepeats(ScanCode key) { keys_.erase(key); }

@@ -11,7 +11,7 @@
 namespace chiffrolo::qt {
 
 // Finding the faces takes the largest part of the start, so another thread does it while the window opens.
-QtPlatform::QtPlatform() {
+QtPlatform::QtPlatform(const Zoom& zoom) : host_(zoom) {
   makeSurfacesReadable();
   faceSearch_ = std::jthread(findFaces);
 }

@@ -13,7 +13,8 @@ namespace chiffrolo::qt {
 /// Needs a QApplication. All windows are destroyed before the platform.
 class QtPlatform final : public Platform {
 public:
-  QtPlatform();
+  /// Starts with `zoom`.
+  explicit QtPlatform(const Zoom& zoom = {});
 
   std::unique_ptr<Window> createWindow(const ScreenLayout& layout, Events& events) noexcept override;
   std::uint64_t timeOfDay() const noexcept override;

@@ -51,24 +51,29 @@ QWidget* View::firstButton() const {
 
 // ---- Scale -------------------------------------------------------------------------------------------
 
-qreal View::fitScale() const {
+/// The scale at which the minimum content area just fits.
+qreal View::roomScale() const {
   const QSizeF room = size().expandedTo({1, 1});
-  return std::min(
-      {1.0, room.width() / minimumContentSize.width(), room.height() / minimumContentSize.height()});
+  return std::min(room.width() / minimumContentSize.width(), room.height() / minimumContentSize.height());
 }
+
+qreal View::fitScale() const { return std::min(1.0, roomScale()); }
+
+qreal View::fillFactor() const { return std::max(1.0, roomScale()); }
 
 qreal View::contentWidth() const { return width() / fitScale(); }
 
-void View::setZoom(qreal factor) {
-  zoom_ = factor;
+void View::setZoom(const Zoom& zoom) {
+  zoom_ = zoom;
   arrange();
 }
 
 void View::resizeEvent(QResizeEvent* /*event*/) { arrange(); }
 
 void View::arrange() {
-  surface_->setScale(fitScale() * zoom_);
-  surface_->resize((QSizeF{size()} * zoom_).toSize());
+  const qreal factor = zoom_.factor(fillFactor());
+  surface_->setScale(fitScale() * factor);
+  surface_->resize((QSizeF{size()} * factor).toSize());
   for (ControlIndex index = 0; index < controls_.size(); ++index)
     if (auto* const widget = controls_[index])
       placeControl(*widget, layout_.controls[index], surface_->scale());

@@ -3,6 +3,7 @@
 
 #include "platform.h"
 #include "qt/drawing_surface.h"
+#include "qt/zoom.h"
 
 #include <functional>
 #include <vector>
@@ -30,8 +31,9 @@ public:
 
   /// The width of the content area in pixels of the layout. The zoom does not change it.
   qreal contentWidth() const;
-  /// 1 or more.
-  void setZoom(qreal factor);
+  void setZoom(const Zoom& zoom);
+  /// The zoom factor at which the minimum content area just fits; 1 with less room than that.
+  qreal fillFactor() const;
   void goToTopLeft();
   void setImageVisible(ControlIndex image, Visibility visible);
   /// Makes the view not follow what was drawn since it last did, unless an image became visible: a timer must
@@ -45,6 +47,7 @@ private:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   QRectF placeOf(ControlIndex control) const;
+  qreal roomScale() const;
   qreal fitScale() const;
   void arrange();
   QSizeF shownSize() const;
@@ -56,7 +59,7 @@ private:
   const ScreenLayout& layout_;
   DrawingSurface* surface_;
   std::vector<QWidget*> controls_; // by row of the layout
-  qreal zoom_{1};
+  Zoom zoom_;
 
   // In pixels of the layout.
   QPointF pan_;     // the top left corner of the visible part

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace chiffrolo::qt {
 
@@ -20,11 +21,33 @@ bool isZero(const QKeyEvent& press, NativeCodes codes) {
          (isOnKeypad && press.key() == Qt::Key_Insert); // without Num Lock
 }
 
+std::optional<qreal> levelAbove(qreal factor) {
+  const auto* const found = std::ranges::upper_bound(levels, factor);
+  return found == levels.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<qreal> levelBelow(qreal factor) {
+  const auto* const found = std::ranges::lower_bound(levels, factor);
+  return found == levels.begin() ? std::nullopt : std::optional(*std::prev(found));
+}
+
+/// Nothing if the step does not lead to a level.
+std::optional<qreal> levelAfter(ZoomStep step, qreal factor) {
+  switch (step) {
+  case ZoomStep::larger: return levelAbove(factor);
+  case ZoomStep::smaller: return levelBelow(factor);
+  case ZoomStep::normal: return levels.front();
+  case ZoomStep::fill: break;
+  }
+  return std::nullopt;
+}
+
 } // namespace
 
 std::optional<ZoomStep> zoomStep(const QKeyEvent& press, NativeCodes codes) {
-  constexpr auto others = Qt::AltModifier | Qt::MetaModifier;
-  if (!press.modifiers().testFlag(Qt::ControlModifier) || (press.modifiers() & others)) return std::nullopt;
+  const auto command = press.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  if (press.key() == Qt::Key_F11 && !command) return ZoomStep::fill;
+  if (command != Qt::ControlModifier) return std::nullopt;
   if (isZero(press, codes)) return ZoomStep::normal;
   switch (press.key()) {
   case Qt::Key_Plus:
@@ -34,14 +57,15 @@ std::optional<ZoomStep> zoomStep(const QKeyEvent& press, NativeCodes codes) {
   }
 }
 
-void Zoom::take(ZoomStep step) {
-  switch (step) {
-  case ZoomStep::larger: level_ = std::min(level_ + 1, levels.size() - 1); break;
-  case ZoomStep::smaller: level_ -= std::min<std::size_t>(level_, 1); break;
-  case ZoomStep::normal: level_ = 0; break;
-  }
+Zoom Zoom::filling() {
+  Zoom zoom;
+  zoom.fills_ = true;
+  return zoom;
 }
 
-qreal Zoom::factor() const { return levels.at(level_); }
+void Zoom::take(ZoomStep step, qreal fillFactor) {
+  if (step == ZoomStep::fill) fills_ = !fills_;
+  if (const auto level = levelAfter(step, factor(fillFactor))) *this = Zoom{*level};
+}
 
 } // namespace chiffrolo::qt

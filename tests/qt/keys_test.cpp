@@ -114,6 +114,8 @@ const ZoomRow zoomRows[]{
     {"keypadZeroWithoutNumLock", Qt::Key_Insert, control | onKeypad, 90, normal},
     {"insert", Qt::Key_Insert, control, 118, std::nullopt},
     {"zeroWithoutControl", Qt::Key_Agrave, plain, 19, std::nullopt},
+    {"f11", Qt::Key_F11, shift, 95, fill},
+    {"f11WithControl", Qt::Key_F11, control, 95, std::nullopt},
     {"zeroWithControlAndAlt", Qt::Key_0, control | Qt::AltModifier, 19, std::nullopt},
 };
 
@@ -123,17 +125,28 @@ TEST(ZoomKeys, areTranslatedToZoomSteps) {
         << name;
 }
 
-TEST(Zoom, factorStaysBetweenOneAndThree) {
-  Zoom zoom;
-  zoom.take(smaller);
-  EXPECT_EQ(zoom.factor(), 1);
-  for (int step = 0; step < 20; ++step)
-    zoom.take(larger);
-  EXPECT_EQ(zoom.factor(), 3);
-  zoom.take(smaller);
-  EXPECT_LT(zoom.factor(), 3);
-  zoom.take(normal);
-  EXPECT_EQ(zoom.factor(), 1);
+/// The factor after the steps, on a display that is filled at this factor.
+qreal factorAfter(std::initializer_list<ZoomStep> steps, qreal fillFactor) {
+  Zoom zoom{1.5};
+  for (const auto step : steps)
+    zoom.take(step, fillFactor);
+  return zoom.factor(fillFactor);
+}
+
+TEST(Zoom, goesThroughLevelsFromOneToThree) {
+  EXPECT_EQ(factorAfter({larger, smaller, smaller}, 4), 1.25);
+  EXPECT_EQ(factorAfter({smaller, smaller, smaller, smaller, smaller}, 4), 1);
+  EXPECT_EQ(factorAfter({larger, larger, larger, larger, larger}, 4), 3);
+  EXPECT_EQ(factorAfter({larger, normal}, 4), 1);
+}
+
+TEST(Zoom, fillsTheDisplayUntilTheNextStep) {
+  EXPECT_EQ(factorAfter({fill}, 4.2), 4.2);
+  EXPECT_EQ(factorAfter({fill, fill}, 4.2), 1.5);
+  EXPECT_EQ(factorAfter({fill, larger}, 2.2), 2.5);
+  EXPECT_EQ(factorAfter({fill, larger}, 4.2), 4.2) << "there is no larger level";
+  EXPECT_EQ(factorAfter({fill, smaller}, 4.2), 3);
+  EXPECT_EQ(factorAfter({fill, normal}, 4.2), 1);
 }
 
 // ---- Auto-repeat -------------------------------------------------------------------------------------

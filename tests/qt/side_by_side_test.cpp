@@ -282,8 +282,8 @@ private:
   char anyKey() { return "0123456789  ==x\t>\33\b\r\r\r"[below(22)]; }
 
   void send(QEvent::Type type, char key, Qt::KeyboardModifiers modifiers = {}, bool isRepeat = false) {
-    const int code = key == rightArrow ? Qt::Key_Right : QTest::asciiToKey(key);
-    const QString text = key == rightArrow ? QString{} : QString{QChar{key}};
+    const int code = key == rightArrow ? Qt::Key_Right : key == 'F' ? Qt::Key_F11 : QTest::asciiToKey(key);
+    const QString text = key == rightArrow || key == 'F' ? QString{} : QString{QChar{key}};
     QKeyEvent event{type, code, modifiers, text, isRepeat};
     event.setTimestamp(timestamp_ += 10);
     QCoreApplication::sendEvent(host_.windowHandle(), &event);
@@ -291,9 +291,9 @@ private:
   }
 
   void zoom() {
-    const char key = "+-0"[below(3)];
+    const char key = "+-0F"[below(4)];
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
-      send(type, key, Qt::ControlModifier);
+      key == 'F' ? send(type, key) : send(type, key, Qt::ControlModifier);
   }
 
   /// Sometimes holds the key until it repeats.

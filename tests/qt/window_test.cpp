@@ -150,6 +150,26 @@ TEST_F(FrontEnd, dropsAutoRepeatOfAZoomKeyAfterControlIsReleased) {
   EXPECT_EQ(program_.takeEvents(), "key 0/61");
 }
 
+/// With 1278 x 997 pixels of room, the minimum content area of 896 x 564 is 1278 / 896 times as large.
+TEST_F(FrontEnd, fillsTheDisplayWithF11) {
+  exercise_->activate();
+  exercise_->drawBox({648, 400}, {671.25F, 422.25F}, 1, blue, blue);
+  const Points width = exercise_->width();
+  pressKey(Qt::Key_F11);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), qRound(200 * 1278 / 896.0));
+  EXPECT_EQ(areaOfColour(bluePixel).right(), 1 + 895 * 1278 / 896) << "its right side is at 895 pixels";
+  EXPECT_EQ(exercise_->width(), width);
+  host().resize(1794, 1155);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), 400);
+  pressKey(Qt::Key_F11);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), 200);
+  QTest::sendKeyEvent(QTest::Press, host().windowHandle(), Qt::Key_F11, {}, Qt::NoModifier);
+  QKeyEvent repeat{QEvent::KeyPress, Qt::Key_F11, Qt::NoModifier, {}, true};
+  QCoreApplication::sendEvent(host().windowHandle(), &repeat);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), 400) << "a held key does not flicker";
+  EXPECT_EQ(program_.takeEvents(), "");
+}
+
 class ZoomedFrontEnd : public FrontEnd {
 protected:
   ZoomedFrontEnd() {
