@@ -9,10 +9,10 @@ build=$root/build
 # Debian packages, installed without recommended packages.
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
-packages_to_package=(appstream appstream-util desktop-file-utils dpkg-dev lintian reuse)
+packages_to_package=(debhelper dpkg-dev python3-markdown appstream appstream-util desktop-file-utils lintian reuse)
 packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core openbox xfwm4
-    metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace dpkg-dev fakeroot
-    libglib2.0-bin)
+    metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace
+    python3-markdown libglib2.0-bin)
 packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck librsvg2-bin)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
@@ -116,12 +116,45 @@ compile() {
     run_quietly "$build/build.log" cmake --build "$build" "$@" || fail "The build failed."
 }
 
-# Makes the Debian package of the built program. It is the only one in the build folder.
+# ---- The Debian package -----------------------------------------------------------------------
+
+# Replaces "Local build", the maintainer in the folder `debian`, by DEBFULLNAME and DEBEMAIL if they are set, and adds
+# CHIFFROLO_HOMEPAGE if it is set.
+set_distributor() {
+    local debian=$1
+    if [[ -n ${DEBEMAIL:-} ]]; then
+        sed --in-place "s|Local build of Chiffrolo <nobody@localhost>|${DEBFULLNAME:-Chiffrolo} <$DEBEMAIL>|" \
+            "$debian/control" "$debian/changelog"
+    fi
+    if [[ -n ${CHIFFROLO_HOMEPAGE:-} ]]; then
+        sed --in-place "/^Rules-Requires-Root/a Homepage: $CHIFFROLO_HOMEPAGE" "$debian/control"
+    fi
+}
+
+# archive_upstream FOLDER: makes the source archive of this version beside the folder, equal for equal files.
+archive_upstream() {
+    local folder=$1 version date
+    version=$(dpkg-parsechangelog -l "$folder/debian/changelog" -S Version)
+    date=$(dpkg-parsechangelog -l "$folder/debian/changelog" -S Timestamp)
+    tar -C "$folder" --create --xz --file="$folder/../chiffrolo_${version%-*}.orig.tar.xz" --exclude=./debian \
+        --sort=name --mtime="@$date" --owner=0 --group=0 --numeric-owner --mode=u+rw,go=rX,a-s \
+        --transform='s,^\.,chiffrolo,' .
+}
+
+# Makes the source package and the binary packages in build/package. They are built in a folder whose path has no
+# special characters, so that the compiler can leave the path out of the program.
 make_package() {
+    local scratch
     print_line "Making the Debian package"
-    rm -f -- "$build"/chiffrolo_*.deb
-    run_quietly "$build/package.log" cpack --config "$build/CPackConfig.cmake" -B "$build" ||
+    scratch=$(mktemp --directory)
+    mkdir -- "$scratch/chiffrolo"
+    tar -C "$root" --create --exclude=./build --exclude=./.git . | tar -C "$scratch/chiffrolo" --extract
+    set_distributor "$scratch/chiffrolo/debian"
+    archive_upstream "$scratch/chiffrolo"
+    (cd "$scratch/chiffrolo" && run_quietly "$build/package.log" dpkg-buildpackage --no-sign) ||
         fail "Making the Debian package failed."
+    rm -rf -- "$build/package" "$scratch/chiffrolo"
+    mv -- "$scratch" "$build/package"
 }
 
 mkdir -p -- "$build"

@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: MIT
+"""Starts the installed program on a virtual display, answers one operation and leaves. Reads it like a screen reader."""
+
+import re
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / "tour"), str(ROOT / "tests" / "window")]
+
+from desktop import Display, Program
+from listener import Listener
+
+SIGNS = {"plus": int.__add__, "moins": int.__sub__}
+
+listener = Listener()
+display = Display()
+program = Program(Path("/usr/bin/chiffrolo"), display.variables() | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
+try:
+    listener.wait_for_screen("Accueil")
+    listener.press_button("Accueil", "additions-soustractions")
+    operation = re.compile(r"(\d+) (plus|moins) (\d+) égale \?")
+    left, sign, right = operation.search(listener.wait_for_announcement("an operation", operation.search)).groups()
+    display.run("xdotool", "key", *str(SIGNS[sign](int(left), int(right))), "Return")
+    print(listener.wait_for_announcement("Bravo", lambda text: "Bravo" in text))
+    display.run("xdotool", "key", "Escape")
+    listener.press_button("Accueil", "Quitter")
+    listener.wait_for_screen("Au revoir")
+    listener.press_button("Au revoir", "Quitter")
+    sys.exit(program.exit_status())
+finally:
+    program.close()
+    display.close()
+    listener.close()
