@@ -54,10 +54,7 @@ ROWS(ChallengeNavigation, takeScreenChanges, {"escapeShowsResults", CHALLENGE "k
 
 /// The stopwatch changes the font.
 TEST(ChallengeFont, questionMarkHasTheFontOfTheOperationAfterASecond) {
-  ScenarioSession session(CHALLENGE "key 6\nwait 1000");
-  session.takeEffects({});
-  session.play("key Backspace");
-  EXPECT_EQ(session.takeEffects({"record text"}),
+  EXPECT_EQ(lastEffects(CHALLENGE "key 6\nwait 1000\nkey Backspace", "record text"),
             "record text 292 120 \"Times new roman\" 28 #000080 \" ?\"");
 }
 

@@ -115,10 +115,7 @@ ROWS(MultiplicationAndDivision, visibleText,
 
 /// Returning draws the step again, after a digit was typed in blue.
 TEST(Addition, firstGuidedStepIsRed) {
-  ScenarioSession session(STEP_1 "key 5\nkey Escape");
-  session.takeEffects({});
-  session.play("click Commande1");
-  EXPECT_EQ(session.takeEffects({"addition text 60 140"}),
+  EXPECT_EQ(lastEffects(STEP_1 "key 5\nkey Escape\nclick Commande1", "addition text 60 140"),
             "addition text 60 140 \"Times new roman\" 28 #ff0000 \"4\"");
 }
 
@@ -129,18 +126,14 @@ TEST(Addition, variablesFollowTheJudgement) {
 
 TEST(Addition, drawsNothingWhenTheLevelIsPassedAgain) {
   const std::string passed = ADDITION "key 8\nkey 2\nkey Enter\nset score 10\n";
-  ScenarioSession session(passed + "key Enter\nkey Enter\n" + passed);
-  session.takeEffects({});
-  session.play("key Enter");
-  EXPECT_EQ(session.takeEffects({"a"}), "activate FIN");
+  EXPECT_EQ(lastEffects(passed + "key Enter\nkey Enter\n" + passed + "key Enter", "a"), "activate FIN");
 }
 
 /// A multiplication changes the line, which is shared.
 TEST(Addition, resultOfTheTensIsPrintedOnTheirLineAfterAMultiplication) {
-  ScenarioSession session(MULTIPLICATION "front accueil\n" STEP_1 "key 9\nkey Enter\nfront multiplication");
-  session.takeEffects({});
-  session.play("front addition");
-  EXPECT_EQ(session.takeEffects({"addition text 186 140"}),
+  EXPECT_EQ(lastEffects(MULTIPLICATION "front accueil\n" STEP_1
+                                       "key 9\nkey Enter\nfront multiplication\nfront addition",
+                        "addition text 186 140"),
             "addition text 186 140 \"Times new roman\" 28 #ff0000 \"7\"");
 }
 
@@ -152,10 +145,8 @@ TEST(Addition, scoreBoxAfterALateAnswerHasItsOwnStyle) {
 }
 
 TEST(Division, nextOperationHidesTheImages) {
-  ScenarioSession session(DIVISION "key 2\nkey 4\nkey Enter");
-  session.takeEffects({});
-  session.play("key Enter");
-  EXPECT_EQ(session.takeEffects({"division hide"}), "division hide flèche, division hide arret");
+  EXPECT_EQ(lastEffects(DIVISION "key 2\nkey 4\nkey Enter\nkey Enter", "division hide"),
+            "division hide flèche, division hide arret");
 }
 
 TEST(Division, titleIsCorrectionDuringACorrection) {

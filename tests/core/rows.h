@@ -31,6 +31,15 @@ inline std::string perceived(const Row& row, Perception perception) {
   return (session.*perception)();
 }
 
+/// The transcript lines of the last line of the scenario that begin with `prefix`, joined by ", ".
+inline std::string lastEffects(const std::string& scenario, std::string_view prefix) {
+  const auto last = scenario.rfind('\n') + 1;
+  ScenarioSession session(scenario.substr(0, last));
+  session.takeEffects({});
+  session.play(scenario.substr(last));
+  return session.takeEffects({prefix});
+}
+
 } // namespace chiffrolo::test
 
 /// Defines one test for each of the given rows. `perception` is the name of a function of `ScenarioSession`.

@@ -54,14 +54,6 @@ TEST(RandomNumbers, reseedingAtTheSameInstantRepeatsNoNumber) {
   EXPECT_EQ(drawn.size(), 100U);
 }
 
-TEST(RandomNumbers, timeOfDayChangesTheSequence) {
-  RandomNumbers early([] { return 1U; });
-  RandomNumbers late([] { return 2U; });
-  early.Randomize();
-  late.Randomize();
-  EXPECT_NE(early.Rnd(), late.Rnd());
-}
-
 } // namespace
 
 } // namespace chiffrolo::test
