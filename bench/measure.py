@@ -81,7 +81,7 @@ def times(command: list[str | Path], display: Display) -> list[float]:
 def measure_start(table: Table, programs: Programs) -> None:
     display = Display()
     try:
-        command = [programs.window_bench, "start", programs.chiffrolo, programs.bare_qt]
+        command: list[str | Path] = [programs.window_bench, "start", programs.chiffrolo, programs.bare_qt]
         ours, bare = zip(*(times(command, display) for _ in range(STARTS)))
     finally:
         display.close()
@@ -159,7 +159,8 @@ def measure_keys_with_screen_reader(table: Table, programs: Programs) -> None:
 
 
 def measure_memory(table: Table, programs: Programs) -> None:
-    ours, bare = [], []
+    ours: list[float] = []
+    bare: list[float] = []
     for _ in range(ROUNDS):
         for program, results in (programs.chiffrolo, ours), (programs.bare_qt, bare):
             with Desktop(program) as desktop:
@@ -242,7 +243,7 @@ def voluntary_switches(process: int) -> int:
 
 
 def measure_core(table: Table, programs: Programs) -> None:
-    command = [programs.core_bench, "--benchmark_format=json"]
+    command = [str(programs.core_bench), "--benchmark_format=json"]
     output = subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
     for benchmark in json.loads(output)["benchmarks"]:
         screen = benchmark["name"].partition("/")[2]

@@ -73,8 +73,9 @@ def crop_to_content_area(picture: Picture) -> Picture:
 def main(arguments: list[str]) -> int:
     if len(arguments) > 2:
         sys.exit(__doc__)
-    program, folder = [*arguments, *(ROOT / "build" / "chiffrolo", DOCS)[len(arguments) :]]
-    return take(Path(program).absolute(), Path(folder))
+    given = [Path(argument) for argument in arguments]
+    program, folder = given + [ROOT / "build" / "chiffrolo", DOCS][len(given) :]
+    return take(program.absolute(), folder)
 
 
 if __name__ == "__main__":

@@ -11,9 +11,10 @@ packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kau
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
 packages_to_package=(debhelper dpkg-dev python3-markdown appstream appstream-util desktop-file-utils lintian reuse)
 packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core openbox xfwm4
-    metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace
-    python3-markdown libglib2.0-bin)
-packages_to_check=(libgtest-dev clang-format-14 clang-tidy-14 cppcheck librsvg2-bin)
+    metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace python3-markdown
+    libglib2.0-bin)
+packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-format-14 clang-tidy-14 cppcheck
+    librsvg2-bin shellcheck pyflakes3 mypy)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
 print_line() {
@@ -27,11 +28,32 @@ fail() {
 
 # run_quietly LOG COMMAND...: prints the output of the command only if it fails.
 run_quietly() {
-    local log=$1
-    shift
-    if ! "$@" >"$log" 2>&1 </dev/null; then
+    run_with_progress cat "$@" >/dev/null
+}
+
+# run_with_progress FILTER LOG COMMAND...: like run_quietly, but prints what FILTER makes of the output meanwhile.
+run_with_progress() {
+    local filter=$1 log=$2
+    shift 2
+    if ! "$@" 2>&1 </dev/null | tee -- "$log" | "$filter"; then
         cat -- "$log" >&2
         return 1
+    fi
+}
+
+# On a terminal, replaces the previous progress. Elsewhere, prints a line every 15 seconds.
+print_progress() {
+    if [[ -t 1 ]]; then
+        printf '\r    %s\e[K' "$*"
+    elif ((SECONDS - ${last_progress:=0} >= 15)); then
+        last_progress=$SECONDS
+        print_line "    $*"
+    fi
+}
+
+clear_progress() {
+    if [[ -t 1 ]]; then
+        printf '\r\e[K'
     fi
 }
 
@@ -47,6 +69,16 @@ missing_packages() {
     done
 }
 
+# require_root PACKAGE...: sudo asks for a password here, and its error is printed once.
+require_root() {
+    if ((EUID == 0)) || { command -v sudo >/dev/null && sudo true; }; then
+        return
+    fi
+    fail "Installing packages requires root. Run these commands as root, then start this one again:
+    apt-get update
+    apt-get install --no-install-recommends $*"
+}
+
 as_root() {
     if ((EUID == 0)); then
         "$@"
@@ -55,15 +87,33 @@ as_root() {
     fi
 }
 
+# In English, because the progress is read from the output.
 apt_get() {
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get --quiet --assume-yes --no-install-recommends \
+    as_root env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get --quiet --assume-yes --no-install-recommends \
         -o Acquire::Retries=3 -o DPkg::Lock::Timeout=120 "$@"
 }
 
-# Ignores errors of the update: an unreachable source may be irrelevant for these packages.
-update_and_install() {
-    apt_get update || true
-    apt_get install "$@"
+# Before the download begins, prints the sizes that `apt-get` estimates. The minutes are those of three packages a
+# second, the download included.
+filter_apt_get() {
+    local line packages=0 size='' downloaded=0 unpacked=0 ready=0
+    while IFS= read -r line; do
+        if [[ $line =~ ([0-9]+)\ newly\ installed ]]; then
+            packages=${BASH_REMATCH[1]}
+        elif [[ $line =~ ^Need\ to\ get\ ([0-9.,]+\ [kMG]?B) ]]; then
+            size=${BASH_REMATCH[1]}
+        elif [[ $line =~ ^After\ this\ operation,\ (.*)\ of\ additional ]]; then
+            print_line "    $packages packages: $size to download, ${BASH_REMATCH[1]} of disk space," \
+                "about $((packages / 180 + 1)) min with a fast connection"
+        elif [[ $line == Get:* ]]; then
+            print_progress "$((downloaded += 1)) of $packages packages downloaded"
+        elif [[ $line == 'Unpacking '* ]]; then
+            print_progress "$((unpacked += 1)) of $packages packages unpacked"
+        elif [[ $line == 'Setting up '* ]]; then
+            print_progress "$((ready += 1)) of $packages packages set up"
+        fi
+    done
+    clear_progress
 }
 
 # install_missing PACKAGE...: does not use the network if all packages are installed.
@@ -77,11 +127,12 @@ install_missing() {
     if ((${#missing[@]} == 0)); then
         return
     fi
-    if ((EUID != 0)) && ! command -v sudo >/dev/null; then
-        fail "Installing packages requires root. Run as root: apt-get install --no-install-recommends ${missing[*]}"
-    fi
     print_line "Installing ${missing[*]}"
-    run_quietly "$build/install.log" update_and_install "${missing[@]}" ||
+    require_root "${missing[@]}"
+    print_line "    Updating the list of packages"
+    # An unreachable source may be irrelevant for these packages.
+    apt_get update >"$build/update.log" 2>&1 </dev/null || true
+    run_with_progress filter_apt_get "$build/install.log" apt_get install "${missing[@]}" ||
         fail "Installing these packages failed (see the output of apt-get above): ${missing[*]}"
 }
 
@@ -96,24 +147,44 @@ build_folder_matches() {
     [[ $(cache_value CMAKE_HOME_DIRECTORY) == "$root" && $(cache_value CMAKE_GENERATOR) == Ninja ]]
 }
 
-# configure TESTS: TESTS is ON or OFF. OFF does not remove the tests from a build folder that has them.
+# configure TESTS: TESTS is ON or OFF. OFF does not remove the tests from a build folder that has them. ON always
+# configures, because packages that only the tests need may have been installed since.
 configure() {
     local tests=$1
     local -a options=(-S "$root" -B "$build" -G Ninja -DBUILD_TESTING="$tests")
     if ! build_folder_matches; then
         options+=(--fresh -DCMAKE_BUILD_TYPE=Release)
-    elif [[ -f $build/build.ninja && ($tests == OFF || $(cache_value BUILD_TESTING) == ON) ]]; then
+    elif [[ -f $build/build.ninja && $tests == OFF ]]; then
         return
     fi
     run_quietly "$build/configure.log" cmake "${options[@]}" || fail "Configuring the build failed."
 }
 
+# Prints the progress of Ninja.
+filter_ninja() {
+    local line
+    while IFS= read -r line; do
+        if [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]]; then
+            print_progress "${BASH_REMATCH[1]} of ${BASH_REMATCH[2]} steps"
+        fi
+    done
+    clear_progress
+}
+
 # compile TESTS [ARGUMENT OF cmake --build]...
 compile() {
-    print_line "Building"
+    local minutes="one to two minutes"
+    if [[ $1 == ON ]]; then
+        minutes="about four minutes"
+    fi
+    if [[ -f $build/build.ninja ]]; then
+        print_line "Building"
+    else
+        print_line "Building (the first time, this takes $minutes on two processors)"
+    fi
     configure "$1"
     shift
-    run_quietly "$build/build.log" cmake --build "$build" "$@" || fail "The build failed."
+    run_with_progress filter_ninja "$build/build.log" cmake --build "$build" "$@" || fail "The build failed."
 }
 
 # ---- The Debian package -----------------------------------------------------------------------
@@ -157,4 +228,8 @@ make_package() {
     mv -- "$scratch" "$build/package"
 }
 
+# In other locales, CPack 3.25 cannot read files in a folder whose path has an accent: "Can't lstat".
+if [[ $(locale charmap 2>/dev/null) != UTF-8 ]]; then
+    export LC_ALL=C.UTF-8
+fi
 mkdir -p -- "$build"

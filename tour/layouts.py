@@ -50,4 +50,5 @@ def _twips(left: int, top: int, width: int, height: int) -> Area:
 
 def _colour(text: str) -> Colour:
     """From "#rrggbb"."""
-    return tuple(bytes.fromhex(text.removeprefix("#")))
+    red, green, blue = bytes.fromhex(text.removeprefix("#"))
+    return red, green, blue

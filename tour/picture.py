@@ -54,7 +54,8 @@ class Picture:
 
     def pixel(self, x: int, y: int) -> Colour:
         offset = 3 * (y * self.width + x)
-        return tuple(self.data[offset : offset + 3])
+        red, green, blue = self.data[offset : offset + 3]
+        return red, green, blue
 
     def row(self, y: int, left: int, right: int) -> bytes:
         return self.data[3 * (y * self.width + left) : 3 * (y * self.width + right)]
@@ -93,7 +94,7 @@ class Picture:
 
 def _ppm_fields(ppm: bytes) -> list[bytes]:
     """The four words of the header, without comments, and the pixel data."""
-    words = []
+    words: list[bytes] = []
     rest = ppm
     while len(words) < 4:
         line, _, rest = rest.partition(b"\n")

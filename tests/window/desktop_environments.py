@@ -48,7 +48,11 @@ class Panel:
 class StartedEnvironment(DesktopEnvironment):
     """A process with a private home and runtime folder, so that the settings of the user have no effect."""
 
-    command: list[str]
+    def command(self) -> list[str]:
+        raise NotImplementedError
+
+    def wait_until_ready(self) -> None:
+        raise NotImplementedError
 
     def __init__(self, display: Display):
         super().__init__(display)
@@ -56,7 +60,7 @@ class StartedEnvironment(DesktopEnvironment):
         self.home = Path(self._scratch.name)
         own = {"HOME": self._scratch.name, "XDG_RUNTIME_DIR": self._scratch.name}
         own |= {"GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
-        self.process = start_without_output(self.command, display.variables() | own)
+        self.process = start_without_output(self.command(), display.variables() | own)
         try:
             self.wait_until_ready()
         except BaseException:
@@ -89,7 +93,8 @@ class WindowManager(StartedEnvironment):
 class Openbox(WindowManager):
     """Never manages a window that appears while it starts."""
 
-    command = ["openbox", "--sm-disable", "--startup", "sh -c 'touch $HOME/started'"]
+    def command(self) -> list[str]:
+        return ["openbox", "--sm-disable", "--startup", "sh -c 'touch $HOME/started'"]
 
     def wait_until_ready(self) -> None:
         wait_until("openbox has started", (self.home / "started").exists)
@@ -99,11 +104,13 @@ class Openbox(WindowManager):
 class Xfwm4(WindowManager):
     """Reads its settings from a service on the session bus."""
 
-    command = ["dbus-run-session", "--", "xfwm4", "--compositor=off"]
+    def command(self) -> list[str]:
+        return ["dbus-run-session", "--", "xfwm4", "--compositor=off"]
 
 
 class Metacity(WindowManager):
-    command = ["metacity", "--sm-disable", "--compositor=none"]
+    def command(self) -> list[str]:
+        return ["metacity", "--sm-disable", "--compositor=none"]
 
 
 class Weston(StartedEnvironment):
@@ -128,7 +135,6 @@ locking=false
         display.set_keyboard_layout("fr")  # weston uses that of the X display
         super().__init__(display)
 
-    @property
     def command(self) -> list[str]:
         """Writes the file with the settings."""
         (self.home / "weston.ini").write_text(self.settings, encoding="ascii")

@@ -8,6 +8,7 @@ bus: `dbus-run-session -- trust_test.py`.
 
 import os
 import re
+import shlex
 import tempfile
 import unittest
 from pathlib import Path
@@ -36,10 +37,14 @@ class Call(NamedTuple):
     def path(self) -> str:
         """The first path of the arguments. The address of an abstract socket counts as a path."""
         found = re.search(r'"@?([^"]*)"', self.arguments)
-        return found[1] if found else self.arguments
+        return decode_escapes(found[1]) if found else self.arguments
 
 
 class SystemCalls(unittest.TestCase):
+    display: str
+    calls: list[Call]
+    created_files: list[Path]
+
     @classmethod
     def setUpClass(cls) -> None:
         """Uses an empty home folder, so that no library finds files of an earlier run."""
@@ -85,11 +90,17 @@ class SystemCalls(unittest.TestCase):
         self.assertEqual([call for call in started[1:] if "CLONE_THREAD" not in call.arguments], [])
 
 
+def decode_escapes(text: str) -> str:
+    """The tracer prints characters that are not ASCII as escapes of their bytes."""
+    return os.fsdecode(text.encode("ascii").decode("unicode_escape").encode("latin-1"))
+
+
 def traced_program(folder: Path) -> Path:
     """A script that starts the program under strace. With -D, the started process becomes the program itself."""
     tracer = "strace -D -f -q -s 4096 -e signal=none -e trace=%network,%file,%process"
+    command = shlex.join([*tracer.split(), "-o", str(folder / "trace"), str(PROGRAM)])
     script = folder / "traced"
-    script.write_text(f"#!/bin/sh\nexec {tracer} -o '{folder}/trace' '{PROGRAM}'\n", encoding="utf-8")
+    script.write_text(f"#!/bin/sh\nexec {command}\n", encoding="utf-8")
     script.chmod(0o700)
     return script
 
