@@ -19,8 +19,8 @@ namespace chiffrolo::qt {
 namespace {
 
 constexpr std::string_view noDisplay =
-    "Chiffrolo : aucun écran utilisable, le programme ne peut pas démarrer.\n";
-constexpr std::string_view displayLost = "Chiffrolo : l'écran a disparu, le programme s'arrête.\n";
+    "Chiffrolo : aucun écran utilisable, le programme ne peut pas démarrer.\n";
+constexpr std::string_view displayLost = "Chiffrolo : l’écran a disparu, le programme s’arrête.\n";
 
 /// Standard error as it was when the program started.
 int originalStandardError() {

@@ -36,6 +36,7 @@ ROWS(Navigation, takeScreenChanges, {"escapeShowsGoodbye", "key Escape", "load A
      {"goodbyeIgnoresKeys", "key Escape\nkey Escape", ""},
      {"arrowImageOnGoodbyeEndsTheProgram", "click Commande1\nkey Escape\nkey Escape\nclick flèche", "end"},
      {"closingAScreenShowsHome", "click Commande1\nclose", "activate accueil, unload addition"},
+     {"closingGoodbyeShowsHome", "key Escape\nclose", "activate accueil, unload Aurevoir"},
      {"closingHomeEndsTheProgram", "click Commande1\nkey Escape\nclose", "end"},
      {"unloadedScreenCannotBeBroughtToFront", "front addition", ""},
      {"bringingTheActiveScreenToFrontDoesNothing", "front accueil", ""},
@@ -56,6 +57,22 @@ TEST(HomeCursor, advancesByOneAndIsResetByLoadingAScreen) {
 TEST(HomeCursor, isUnchangedByClicksAndEscape) {
   ScenarioSession session("set essai 3\nclick Commande5\nfront accueil\nkey Escape");
   EXPECT_EQ(session.shared().essai, 3);
+}
+
+// What the guide says about an exercise that is left during a correction: 47+35, the tens step is 47+30.
+#define WRONG_ANSWER "rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nkey 9\nkey Enter\n"
+#define OPENED_AGAIN "\nrnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nkey 8\nkey 2\nkey Enter"
+
+/// The right answer 82 brings a point if the exercise has begun anew.
+TEST(LeavingACorrection, goesOnThereUnlessTheScreenWasClosed) {
+  EXPECT_EQ(ScenarioSession(WRONG_ANSWER "key Escape" OPENED_AGAIN).shared().score, 0);
+  EXPECT_EQ(ScenarioSession(WRONG_ANSWER "close" OPENED_AGAIN).shared().score, 1);
+}
+
+TEST(HomeCursor, makesAFirstRightAnswerWrong) {
+  const std::string answer = "\nkey 8\nkey 2\nkey Enter";
+  EXPECT_EQ(ScenarioSession("key a\nrnd 0.1 0.7 0.4 0.3 0.5\nkey a" + answer).shared().score, 0);
+  EXPECT_EQ(ScenarioSession("key a\nrnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1" + answer).shared().score, 1);
 }
 
 TEST(Score, isResetByLeavingAnExerciseAndByFin) {

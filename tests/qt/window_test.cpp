@@ -25,6 +25,13 @@ TEST_F(FrontEnd, reportsOnlyKeysFromAScreenWithoutButtons) {
   EXPECT_EQ(program_.takeEvents(), "key 0/-1, key 0/32");
 }
 
+/// The guide recommends it: the home screen ignores a key that types no character.
+TEST_F(FrontEnd, controlSpacePressesTheButtonAndTypesNothing) {
+  pressKey(Qt::Key_Tab, "\t");
+  pressKey(Qt::Key_Space, " ", Qt::ControlModifier);
+  EXPECT_EQ(program_.takeEvents(), "key 0/-1, click 1");
+}
+
 TEST_F(FrontEnd, clicksNoButtonIfTheKeyChangedTheScreen) {
   program_.keyUse = Events::KeyUse::screenChanged;
   pressKey(Qt::Key_Space, " ");

@@ -44,12 +44,12 @@ class DisplayFaults(WindowCase):
         errors = self.error_output_of(self.start_without_display(QT_QPA_PLATFORM="abacus"))
         self.assertIn('Could not find the Qt platform plugin "abacus"', errors)
         self.assertIn("no Qt platform plugin could be initialized", errors)
-        self.assertNotIn("Chiffrolo :", errors)
+        self.assertNotIn("Chiffrolo\N{NO-BREAK SPACE}:", errors)
 
     def test_prints_the_messages_of_qt_when_asked(self) -> None:
         errors = self.error_output_of(self.start_without_display(QT_DEBUG_PLUGINS="1"))
         self.assertIn("could not connect to display", errors)
-        self.assertIn("Chiffrolo :", errors.splitlines()[-1])
+        self.assertIn("Chiffrolo\N{NO-BREAK SPACE}:", errors.splitlines()[-1])
 
     def start_without_display(self, **variables: str) -> Program:
         program = Program(PROGRAM, variables_without_display() | variables, self.folder)
