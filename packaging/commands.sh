@@ -228,7 +228,7 @@ make_package() {
     mv -- "$scratch" "$build/package"
 }
 
-# In other locales, CPack 3.25 cannot read files in a folder whose path has an accent: "Can't lstat".
+# Tools that convert file names, as libarchive does, need UTF-8 for the accents in a path.
 if [[ $(locale charmap 2>/dev/null) != UTF-8 ]]; then
     export LC_ALL=C.UTF-8
 fi
