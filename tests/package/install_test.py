@@ -33,7 +33,7 @@ class Installation(WindowCase):
     def setUp(self) -> None:
         scratch = Path(self.enterContext(tempfile.TemporaryDirectory()))
         self.root, self.launcher = scratch / "root", scratch / "launcher"
-        command = ["cmake", "--install", PROGRAM.parent, "--prefix", self.root, "--strip"]
+        command: list[str | Path] = ["cmake", "--install", PROGRAM.parent, "--prefix", self.root, "--strip"]
         subprocess.run(command, stdout=subprocess.DEVNULL, check=True)
 
     def read(self, path: str) -> str:

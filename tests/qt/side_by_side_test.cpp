@@ -321,7 +321,7 @@ private:
     model.isSpaceDown = key == ' ';
   }
 
-  void moveFocus() { model.active->focus = (model.active->focus + 1) % model.active->buttons.size(); }
+  void moveFocus() const { model.active->focus = (model.active->focus + 1) % model.active->buttons.size(); }
 
   // ---- The mouse -------------------------------------------------------------------------------------
 
@@ -337,7 +337,7 @@ private:
   QPoint placeOf(ControlIndex control) const {
     if (control == closeBox) return {host_.width() - 13, 13};
     const auto& [left, top, width, height] = model.active->layout.controls[control].place;
-    const QPointF centre{(left + width / 2) / 15.0, (top + height / 2) / 15.0};
+    const QPointF centre{(left + width / 2.0) / 15.0, (top + height / 2.0) / 15.0};
     return view().surface().mapTo(&host_, (centre * view().surface().scale()).toPoint());
   }
 
@@ -398,7 +398,7 @@ private:
     if (screen == accueil || screen == Aurevoir) return useMouse();
     if (isArrowVisible()) return below(12) == 0 ? useMouse() : press('\r');
     const bool isStep = screen != record && screen != division && (shared.essai == 1 || shared.essai == 2);
-    const auto step = static_cast<std::size_t>(shared.essai + 1);
+    const auto step = static_cast<std::size_t>(shared.essai) + 1;
     const auto operation = test::parsed(isStep ? shared.termes.at(step) : shared.operation);
     const auto answer = std::to_string(operation.result());
     if (shared.reponse == answer) return press('\r');
