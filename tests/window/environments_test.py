@@ -11,7 +11,7 @@ from base_case import PROGRAM, WindowCase
 from desktop import Desktop, DesktopEnvironment, Display, wait_until
 from desktop_environments import HeadlessWeston, Metacity, Openbox, Weston, Xfwm4
 from learner import EXERCISES, read_line
-from picture import Area
+from picture import Area, Picture
 from screens import BLUE, WHITE, ContentArea
 from text_recognition import Unreadable
 
@@ -52,10 +52,15 @@ class WithoutWindowManager(WindowCase):
     def assert_work_area_is_filled(self) -> None:
         """With the same pixels as on a display without a panel, cut off at the bottom."""
         panel_height = self.environment.panel_height
-        whole = self.start().wait_for_start().picture
+        reference = self.start()
+        whole = reference.wait_for_start().picture
         work_area = Area(0, panel_height, whole.width, whole.height)
-        expected = whole.crop(work_area.moved(0, -panel_height))
-        home = self.desktop.wait_for("the whole home screen", lambda picture: picture.crop(work_area) == expected)
+
+        def is_filled(picture: Picture) -> bool:
+            expected = reference.desktop.display.picture()  # taken anew: the focus may be drawn later than the screen
+            return picture.crop(work_area) == expected.crop(work_area.moved(0, -panel_height))
+
+        home = self.desktop.wait_for("the whole home screen", is_filled)
         self.assertFalse(home.has(WHITE, Area(0, 0, 1, panel_height)), "the window covers the panel")
 
     def test_drawing_is_kept_when_display_is_resized(self) -> None:
