@@ -16,7 +16,9 @@ set(rules
   core/program           "platform|screen|program"
   core/screens           "program|home|exercise|modes|challenge|results|screens"
   frontends/timer_queue  "platform|timer_queue"
-  frontends/recording/   "platform|screen|program|screens|timer_queue|recording"
+  frontends/shared_variables "platform|screen|program|shared_variables"
+  frontends/recording/   "platform|screen|program|screens|timer_queue|shared_variables|recording"
+  frontends/web/         "platform|screen|program|screens|timer_queue|shared_variables|web"
   frontends/qt/          "platform|screens|timer_queue|qt")
 
 function(refuse_includes file allowed)

@@ -4,6 +4,7 @@
 #include "recording/layout_lines.h"
 #include "screen/layouts.h"
 #include "screen/utf8.h"
+#include "shared_variables.h"
 
 #include <algorithm>
 #include <array>
@@ -80,43 +81,12 @@ Key keyNamed(std::string_view name) {
 
 // ---- Variables ---------------------------------------------------------------------------------------
 
-struct Variable {
-  std::string_view name;
-  SaturatingInt16 MODULE11::*variable;
-  int highest{SaturatingInt16::highest};
-};
-
-constexpr std::array variables{
-    Variable{"couleur", &MODULE11::couleur, 15},
-    Variable{"ligne", &MODULE11::ligne},
-    Variable{"colonne", &MODULE11::colonne},
-    Variable{"chrono", &MODULE11::chrono},
-    Variable{"score", &MODULE11::score},
-    Variable{"essai", &MODULE11::essai},
-    Variable{"enAttente", &MODULE11::enAttente, 1},
-    Variable{"nbOperations", &MODULE11::nbOperations},
-    Variable{"resultat", &MODULE11::resultat},
-};
-
-using Counters = std::array<SaturatingInt16, 5>;
-constexpr std::array<std::pair<std::string_view, Counters MODULE11::*>, 2> counterArrays{{
-    {"reussies", &MODULE11::reussies},
-    {"effectuees", &MODULE11::effectuees},
-}};
-
 Counters countersFrom(std::span<const std::string_view> words) {
   expectCount(words, 4);
   Counters counters{};
   for (std::size_t kind = 1; kind < counters.size(); ++kind)
     counters[kind] = wholeNumber(words[kind - 1], 0, SaturatingInt16::highest);
   return counters;
-}
-
-std::string listed(const Counters& counters) {
-  std::string list;
-  for (std::size_t kind = 1; kind < counters.size(); ++kind)
-    list += (list.empty() ? "" : ",") + std::to_string(counters[kind]);
-  return list;
 }
 
 /// The number of controls if there is none of that name: a click there has no effect.
@@ -205,13 +175,13 @@ void Player::set(Arguments nameAndValues) {
   const auto name = nameAndValues[0];
   const auto values = nameAndValues.subspan(1);
   auto& shared = program_.shared();
-  if (const auto row = std::ranges::find(variables, name, &Variable::name); row != variables.end()) {
+  if (const auto row = std::ranges::find(assignableVariables, name, &AssignableVariable::name);
+      row != assignableVariables.end()) {
     expectCount(values, 1);
     shared.*row->variable = wholeNumber(values[0], 0, row->highest);
-  } else if (const auto pair =
-                 std::ranges::find(counterArrays, name, &decltype(counterArrays)::value_type::first);
-             pair != counterArrays.end()) {
-    shared.*pair->second = countersFrom(values);
+  } else if (const auto array = std::ranges::find(counterArrays, name, &CounterArray::name);
+             array != counterArrays.end()) {
+    shared.*array->counters = countersFrom(values);
   } else {
     refuse("unknown variable", name);
   }
@@ -219,35 +189,7 @@ void Player::set(Arguments nameAndValues) {
 
 void Player::state(Arguments none) {
   expectCount(none, 0);
-  const auto& shared = program_.shared();
-  const auto active = program_.active();
-  std::string line = "state";
-  const auto add = [&](std::string_view name, const std::string& value) {
-    line += " " + std::string(name) + "=" + value;
-  };
-  const auto quoted = [](const std::string& text) { return "\"" + text + "\""; };
-  const auto whole = [](int value) { return std::to_string(value); };
-  add("active", active ? std::string(nameOf(*active)) : "-");
-  add("touche", whole(static_cast<int>(shared.touche)));
-  add("texte", quoted(shared.texte));
-  add("couleur", whole(shared.couleur));
-  add("ligne", whole(shared.ligne));
-  add("colonne", whole(shared.colonne));
-  add("reponse", quoted(shared.reponse));
-  add("chrono", whole(shared.chrono));
-  add("consigne", quoted(shared.consigne));
-  add("score", whole(shared.score));
-  add("essai", whole(shared.essai));
-  add("enAttente", whole(shared.enAttente));
-  add("nbOperations", whole(shared.nbOperations));
-  add("operation", quoted(shared.operation));
-  add("termes2", quoted(shared.termes[2]));
-  add("termes3", quoted(shared.termes[3]));
-  add("resultat", whole(shared.resultat));
-  add("reussies", listed(shared.reussies));
-  add("effectuees", listed(shared.effectuees));
-  add("rnd", std::to_string(program_.randomNumbers().givenNumbersLeft()));
-  sink_(line);
+  sink_(stateLine(program_));
 }
 
 void Player::layout(Arguments screens) {
