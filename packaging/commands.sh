@@ -9,7 +9,8 @@ build=$root/build
 # Debian packages, installed without recommended packages.
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
 packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
-packages_to_package=(debhelper dpkg-dev python3-markdown appstream appstream-util desktop-file-utils lintian reuse)
+packages_to_package=(build-essential debhelper dpkg-dev python3-markdown appstream appstream-util desktop-file-utils
+    lintian reuse)
 packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core openbox xfwm4
     metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace python3-markdown
     libglib2.0-bin)
@@ -215,9 +216,9 @@ archive_upstream() {
 # Makes the source package and the binary packages in build/package. They are built in a folder whose path has no
 # special characters, so that the compiler can leave the path out of the program.
 make_package() {
-    local scratch
     print_line "Making the Debian package"
     scratch=$(mktemp --directory)
+    trap 'rm -rf -- "$scratch"' EXIT # if a command fails
     mkdir -- "$scratch/chiffrolo"
     tar -C "$root" --create --exclude=./build --exclude=./.git . | tar -C "$scratch/chiffrolo" --extract
     set_distributor "$scratch/chiffrolo/debian"
