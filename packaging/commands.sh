@@ -16,6 +16,9 @@ packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-
     libglib2.0-bin)
 packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-format-14 clang-tidy-14 cppcheck
     librsvg2-bin shellcheck pyflakes3 mypy)
+packages_for_web=(clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
+    libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli fonts-liberation2
+    fonts-kaushanscript)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
 print_line() {
@@ -227,6 +230,36 @@ make_package() {
         fail "Making the Debian package failed."
     rm -rf -- "$build/package" "$scratch/chiffrolo"
     mv -- "$scratch" "$build/package"
+}
+
+# ---- The page for browsers --------------------------------------------------------------------
+
+# run_for_page COMMAND...
+run_for_page() {
+    run_quietly "$build/web.log" "$@" || fail "Making the page failed."
+}
+
+# bundle FILE RESULT [OPTION OF esbuild]...
+bundle() {
+    run_for_page esbuild "$root/frontends/web/$1" --bundle --minify --charset=utf8 --log-level=warning \
+        --outfile="$build/web/$2" "${@:3}"
+}
+
+# Makes build/web/chiffrolo.html. The oldest browsers are the first ones that have all that
+# the page needs.
+make_page() {
+    local web=$build/web
+    print_line "Making the page"
+    (cd "$root" && run_for_page cmake --preset web && run_for_page cmake --build --preset web)
+    run_for_page /usr/bin/python3 -B "$root/packaging/web_fonts.py" "$web/fonts"
+    gzip --best --no-name --stdout "$web/chiffrolo.wasm" >"$web/chiffrolo.wasm.gz"
+    run_for_page tsc --project "$root/frontends/web"
+    bundle page/page.css page.css
+    bundle page/main.ts page.js --format=iife --target=chrome97,firefox113,safari16.4 \
+        --loader:.gz=binary --loader:.woff2=binary --loader:.png=dataurl --loader:.svg=dataurl
+    run_for_page /usr/bin/python3 -B "$root/packaging/web_page.py" "$root/frontends/web/page/index.html" \
+        "$web/page.css" "$web/page.js" "$root/assets/chiffrolo.svg" "$web/fonts/fonts_licence.txt" \
+        "$web/chiffrolo.html"
 }
 
 # Tools that convert file names, as libarchive does, need UTF-8 for the accents in a path.

@@ -16,9 +16,10 @@ set(rules
   core/program           "platform|screen|program"
   core/screens           "program|home|exercise|modes|challenge|results|screens"
   frontends/timer_queue  "platform|timer_queue"
+  frontends/enumerator_names "platform"
   frontends/shared_variables "platform|screen|program|shared_variables"
-  frontends/recording/   "platform|screen|program|screens|timer_queue|shared_variables|recording"
-  frontends/web/         "platform|screen|program|screens|timer_queue|shared_variables|web"
+  frontends/recording/   "platform|screen|program|screens|timer_queue|enumerator_names|shared_variables|recording"
+  frontends/web/         "platform|screen|program|screens|timer_queue|enumerator_names|shared_variables|web"
   frontends/qt/          "platform|screens|timer_queue|qt")
 
 function(refuse_includes file allowed)

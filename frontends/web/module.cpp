@@ -8,7 +8,7 @@
 #include "screen/layouts.h"
 #include "screens.h"
 #include "shared_variables.h"
-#include "web/numbers.h"
+#include "web/layout_json.h"
 #include "web/web_platform.h"
 
 #include <limits>
@@ -31,6 +31,10 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 Game& at(Game& game, double now) {
   game.platform.setTime(Instant{std::chrono::round<Clock::duration>(Milliseconds{now})});
   return game;
+}
+
+void answer(const Game& game, std::string_view text) {
+  page::answer(game.platform.game(), text.data(), text.size());
 }
 
 } // namespace
@@ -77,40 +81,27 @@ CHIFFROLO_EXPORT("nextDue") double nextDue(const Game& game) {
   return due ? Milliseconds{due->time_since_epoch()}.count() : std::numeric_limits<double>::infinity();
 }
 
-// ---- Queries --------------------------------------------------------------------------------------------
+// ---- Queries: each calls `answer` once ------------------------------------------------------------------
 
 CHIFFROLO_EXPORT("minimumContentWidth") Twips minimumContentWidth() { return minimumContentArea.width; }
 CHIFFROLO_EXPORT("minimumContentHeight") Twips minimumContentHeight() { return minimumContentArea.height; }
 
-/// The layout of a screen, loaded or not: `layoutScreen` once, then `layoutControl` for each control.
-CHIFFROLO_EXPORT("describeLayout") void describeLayout(const Game& game, ScreenName name) {
-  const auto number = game.platform.game();
-  const auto& screen = layoutOf(name);
-  page::layoutScreen(number, screen.caption.data(), screen.caption.size(), screen.accessibleName.data(),
-                     screen.accessibleName.size(), screen.frame, screen.font.face.data(),
-                     screen.font.face.size(), screen.font.size, styleNumber(screen.font),
-                     colourNumber(screen.background));
-  for (const auto& row : screen.controls)
-    page::layoutControl(number, row.kind, row.name.data(), row.name.size(), row.place.left, row.place.top,
-                        row.place.width, row.place.height, row.caption.data(), row.caption.size(),
-                        row.tooltip.data(), row.tooltip.size(), row.font.face.data(), row.font.face.size(),
-                        row.font.size, styleNumber(row.font), colourNumber(row.foreground),
-                        colourNumber(row.background), row.alignment, row.border, row.accessibleName.data(),
-                        row.accessibleName.size(), row.picture, row.visible, row.enabled,
-                        static_cast<std::int32_t>(row.interval.count()));
+/// Answers the layout of a screen, loaded or not, in JSON.
+CHIFFROLO_EXPORT("queryLayout") void queryLayout(const Game& game, ScreenName screen) {
+  answer(game, layoutJson(layoutOf(screen)));
 }
 
-/// As `Events::spokenTexts`: calls `spokenText` for each.
+/// Answers the words of `Events::spokenTexts`, in reading order, each on a line of its own.
 CHIFFROLO_EXPORT("querySpokenTexts") void querySpokenTexts(const Game& game, ScreenName screen) {
+  std::string lines;
   for (const auto& text : game.program.spokenTexts(screen))
-    page::spokenText(game.platform.game(), text.words.data(), text.words.size(), text.topLeft.x,
-                     text.topLeft.y, text.bottomRight.x, text.bottomRight.y);
+    lines += (lines.empty() ? "" : "\n") + text.words;
+  answer(game, lines);
 }
 
-/// As `Events::takeAnnouncement`: calls `announcement` if there is one.
+/// Answers `Events::takeAnnouncement`.
 CHIFFROLO_EXPORT("takeAnnouncement") void takeAnnouncement(Game& game) {
-  const auto words = game.program.takeAnnouncement();
-  if (!words.empty()) page::announcement(game.platform.game(), words.data(), words.size());
+  answer(game, game.program.takeAnnouncement());
 }
 
 // ---- For the tools that play scenarios ------------------------------------------------------------------
@@ -130,10 +121,7 @@ CHIFFROLO_EXPORT("setCounter") void setCounter(Game& game, std::size_t array, st
   (game.program.shared().*counterArrays.at(array).counters).at(kind) = value;
 }
 
-/// Calls `state` with the line that the command `state` of a scenario prints.
-CHIFFROLO_EXPORT("queryState") void queryState(Game& game) {
-  const auto line = stateLine(game.program);
-  page::state(game.platform.game(), line.data(), line.size());
-}
+/// Answers the line that the command `state` of a scenario prints.
+CHIFFROLO_EXPORT("queryState") void queryState(Game& game) { answer(game, stateLine(game.program)); }
 
 } // namespace chiffrolo::web

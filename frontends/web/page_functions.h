@@ -69,29 +69,8 @@ CHIFFROLO_IMPORT("timerStopped") timerStopped(GameNumber game, ScreenName screen
 CHIFFROLO_IMPORT_OF(std::uint64_t, "randomSeed") randomSeed(GameNumber game);
 CHIFFROLO_IMPORT("quit") quit(GameNumber game);
 
-// ---- Answers to queries: called once for each answer while the query runs ---------------------------------
-
-/// Answers `describeLayout`. The enumerations are numbered as in platform.h.
-CHIFFROLO_IMPORT("layoutScreen")
-layoutScreen(GameNumber game, const char* caption, std::size_t captionLength, const char* accessibleName,
-             std::size_t accessibleNameLength, Frame frame, const char* face, std::size_t faceLength,
-             Points size, int style, std::uint32_t background);
-/// Answers `describeLayout`, in the order of the rows. Places are in twips.
-CHIFFROLO_IMPORT("layoutControl")
-layoutControl(GameNumber game, ControlKind kind, const char* name, std::size_t nameLength, Twips left,
-              Twips top, Twips width, Twips height, const char* caption, std::size_t captionLength,
-              const char* tooltip, std::size_t tooltipLength, const char* face, std::size_t faceLength,
-              Points size, int style, std::uint32_t foreground, std::uint32_t background, Alignment alignment,
-              Border border, const char* accessibleName, std::size_t accessibleNameLength, Picture picture,
-              Visibility visible, Switch enabled, std::int32_t milliseconds);
-/// Answers `querySpokenTexts`, in reading order.
-CHIFFROLO_IMPORT("spokenText")
-spokenText(GameNumber game, const char* words, std::size_t length, Points left, Points top, Points right,
-           Points bottom);
-/// Answers `takeAnnouncement`, if there is anything to announce.
-CHIFFROLO_IMPORT("announcement") announcement(GameNumber game, const char* words, std::size_t length);
-/// Answers `queryState`: one line.
-CHIFFROLO_IMPORT("state") state(GameNumber game, const char* line, std::size_t length);
+/// The answer to the query that runs: see module.cpp.
+CHIFFROLO_IMPORT("answer") answer(GameNumber game, const char* text, std::size_t length);
 
 #undef CHIFFROLO_IMPORT
 #undef CHIFFROLO_IMPORT_OF

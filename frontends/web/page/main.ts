@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+
+/** Starts the game, and says what to do when it cannot start or go on. */
+
+import moduleBytes from "../../../build/web/chiffrolo.wasm.gz";
+import { loadFaces } from "./fonts";
+import { Program } from "./module";
+import { Page } from "./page";
+
+const region = document.getElementById("game") as HTMLElement;
+const announcer = document.getElementById("announcer") as HTMLElement;
+const notice = document.getElementById("notice") as HTMLElement;
+
+async function compileModule(): Promise<Program> {
+  const unpacked = new Blob([moduleBytes]).stream().pipeThrough(new DecompressionStream("gzip"));
+  return Program.create(await WebAssembly.compile(await new Response(unpacked).arrayBuffer()));
+}
+
+/** In place of the game. */
+function say(words: string): void {
+  const again = document.createElement("button");
+  again.textContent = "Recommencer";
+  again.addEventListener("click", () => location.reload());
+  const sentence = document.createElement("p");
+  sentence.textContent = words;
+  notice.replaceChildren(sentence, again);
+  notice.className = "";
+  region.hidden = true;
+  document.body.append(notice);
+  again.focus();
+}
+
+async function start(): Promise<void> {
+  const [program] = await Promise.all([compileModule(), loadFaces()]);
+  const page = new Page(program, region, announcer, {
+    quit: () => {
+      say("Au revoir");
+      window.close(); // allowed for a window that a script or the command line opened
+    },
+    fail: (error) => {
+      console.error(error);
+      say("Chiffrolo s’est arrêté à cause d’une erreur. Tu peux recommencer.");
+    },
+  });
+  region.hidden = false;
+  page.start();
+  notice.remove();
+}
+
+start().catch((error) => {
+  console.error(error);
+  notice.className = ""; // its sentence says what to do
+});

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+
+/** Pixels of the layout: 96 per inch. A scale is CSS pixels per pixel of the layout. */
+export const pixelsPerPoint = 96 / 72;
+export const pixelsPerTwip = pixelsPerPoint / 20;
+
+export interface Size {
+  readonly width: number;
+  readonly height: number;
+}
+
+/** `right` and `bottom` are past the last pixel. */
+export interface Area {
+  readonly left: number;
+  readonly top: number;
+  readonly right: number;
+  readonly bottom: number;
+}
+
+export function united(one: Area | null, other: Area | null): Area | null {
+  if (one === null || other === null) return one ?? other;
+  return {
+    left: Math.min(one.left, other.left),
+    top: Math.min(one.top, other.top),
+    right: Math.max(one.right, other.right),
+    bottom: Math.max(one.bottom, other.bottom),
+  };
+}
+
+export function contains(outer: Area, inner: Area): boolean {
+  return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
+    outer.bottom >= inner.bottom;
+}
+
+export function clamp(value: number, lowest: number, highest: number): number {
+  return Math.max(lowest, Math.min(value, highest));
+}
+
+/** For the style sheet and the canvas. */
+export function css(colour: number): string { return "#" + colour.toString(16).padStart(6, "0"); }
