@@ -19,6 +19,7 @@ packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-fo
 packages_for_web=(clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
     libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli fonts-liberation2
     fonts-kaushanscript)
+packages_to_test_web=(chromium chromium-driver python3-selenium)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
 print_line() {
@@ -245,7 +246,7 @@ bundle() {
         --outfile="$build/web/$2" "${@:3}"
 }
 
-# Makes build/web/chiffrolo.html. The oldest browsers are the first ones that have all that
+# Makes build/web/chiffrolo.html and build/web/scenario.mjs. The oldest browsers are the first ones that have all that
 # the page needs.
 make_page() {
     local web=$build/web
@@ -257,6 +258,7 @@ make_page() {
     bundle page/page.css page.css
     bundle page/main.ts page.js --format=iife --target=chrome97,firefox113,safari16.4 \
         --loader:.gz=binary --loader:.woff2=binary --loader:.png=dataurl --loader:.svg=dataurl
+    bundle scenario/main.ts scenario.mjs --format=esm --platform=node --target=node18
     run_for_page /usr/bin/python3 -B "$root/packaging/web_page.py" "$root/frontends/web/page/index.html" \
         "$web/page.css" "$web/page.js" "$root/assets/chiffrolo.svg" "$web/fonts/fonts_licence.txt" \
         "$web/chiffrolo.html"

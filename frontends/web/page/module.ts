@@ -96,7 +96,7 @@ type Exports = { readonly memory: WebAssembly.Memory } &
 /** An instance of the module. It holds any number of games, which are independent of each other. */
 export class Program {
   readonly #games: Game[] = [];
-  readonly #decoder = new TextDecoder();
+  readonly #decoder = new TextDecoder("utf-8", { ignoreBOM: true });
   #exports!: Exports;
 
   private constructor() {}
@@ -132,7 +132,10 @@ export class Program {
     const filling = (fill: N): Colour | null => (fill < 0 ? null : fill);
     return {
       createWindow: (g: N, s: N) => void (game(g).windows[s] = game(g).platform.createWindow(screenNames[s] as Screen)),
-      destroyWindow: (g: N, s: N) => window(g, s).destroy(),
+      destroyWindow: (g: N, s: N) => {
+        if (game(g).active === screenNames[s]) game(g).active = null;
+        window(g, s).destroy();
+      },
       activate: (g: N, s: N) => {
         game(g).active = screenNames[s] as Screen;
         window(g, s).activate();
@@ -167,7 +170,7 @@ export class Program {
 /** One run of the program. `now` is in milliseconds of a monotonic clock. No function may be called while another one
  * runs. Each throws WebAssembly.RuntimeError if the module traps. */
 export class Game {
-  /** The screen that was activated last; null before `start`. */
+  /** Null while no screen is active. */
   active: Screen | null = null;
   readonly windows: Window[] = []; // by screen; those of unloaded screens are destroyed
   answer = ""; // to the query that runs

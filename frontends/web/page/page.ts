@@ -178,7 +178,10 @@ export class Page implements Platform {
   #finish(now: number): void {
     window.clearTimeout(this.#alarm);
     const screen = this.#game.active;
-    if (this.#isOver) return this.ending.quit();
+    if (this.#isOver) {
+      this.#game.destroy();
+      return this.ending.quit();
+    }
     if (screen === null) return;
     const due = this.#game.nextDue();
     if (due !== Infinity) this.#alarm = window.setTimeout(() => this.#report(() => {}), Math.max(0, due - now));
