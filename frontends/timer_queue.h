@@ -54,8 +54,8 @@ public:
 private:
   struct Running {
     TimerId id;
-    Instant due;
-    std::chrono::milliseconds interval;
+    Instant due{};
+    std::chrono::milliseconds interval{};
   };
 
   std::vector<Running> running_; // in the order in which they were last started while stopped

@@ -32,8 +32,9 @@ export class Control {
     else if (row.accessibleName !== "") this.#name(row.accessibleName);
     if (row.tooltip !== "") this.element.title = row.tooltip;
     if (row.kind === "image") this.element.tabIndex = -1; // never takes the focus
-    if (row.picture !== "none") this.#picture = this.element.appendChild(createPicture());
-    this.isVisible = row.visible === "visible";
+    if (row.picture !== "none")
+      this.#picture = this.element.appendChild(Object.assign(new Image(), { alt: "", draggable: false }));
+    this.element.hidden = row.visible === "hidden";
   }
 
   /** In pixels of the layout. */
@@ -44,11 +45,6 @@ export class Control {
       right: (left + width) * pixelsPerTwip, bottom: (top + height) * pixelsPerTwip,
     };
   }
-
-  get isVisible(): boolean { return !this.element.hidden; }
-  set isVisible(isVisible: boolean) { this.element.hidden = !isVisible; }
-
-  set caption(caption: string) { this.element.textContent = caption; }
 
   /** Places the control at `scale` CSS pixels per pixel of the layout. Both edges lie between device pixels, so that
    * controls that touch in the layout touch on the screen. */
@@ -93,20 +89,11 @@ export class Control {
   }
 
   #scalePicture(picture: HTMLImageElement, scale: number, pixelRatio: number): void {
-    const known = this.row.picture === "none" ? null : pictures[this.row.picture];
-    if (!known) return;
+    if (this.row.picture === "none") return;
+    const known = pictures[this.row.picture];
     const devicePixels = Math.round(known.side * scale * pixelRatio);
     const source = devicePixels === known.side ? known.designed : known.drawing;
     if (picture.src !== source) picture.src = source;
-    picture.width = devicePixels / pixelRatio;
-    picture.height = picture.width;
     picture.style.width = picture.style.height = `${devicePixels / pixelRatio}px`;
   }
-}
-
-function createPicture(): HTMLImageElement {
-  const picture = document.createElement("img");
-  picture.alt = "";
-  picture.draggable = false;
-  return picture;
 }

@@ -5,8 +5,8 @@
  * short. */
 
 import { ascent, characterWidth, cssFont, lineHeight, textWidth } from "./fonts";
-import type { Colour, Font } from "./module";
-import { Area, contains, css, united } from "./units";
+import type { Colour, Font, Points, Surface } from "./module";
+import { Area, contains, css, grown, pixelsPerPoint, united } from "./units";
 
 interface Drawing {
   readonly form: "text" | "segment" | "box" | "ellipse";
@@ -17,62 +17,55 @@ interface Drawing {
   readonly fill: Colour | null;
   readonly text: string;
   readonly font: Font | null;
+  /** What it paints on, without antialiased edges. */
+  readonly ink: Area;
+  /** Equal for the same shape at the same place. */
+  readonly key: string;
 }
 
 /** A box that has one colour only. */
-function isFlat(drawing: Drawing): boolean { return drawing.form === "box" && drawing.fill === drawing.colour; }
-
-function isFilledBox(drawing: Drawing): boolean { return drawing.form === "box" && drawing.fill !== null; }
-
-function grown({ left, top, right, bottom }: Area, margin: number): Area {
-  return { left: left - margin, top: top - margin, right: right + margin, bottom: bottom + margin };
-}
-
-/** What a drawing paints on, without antialiased edges. */
-function inkOf({ area, thickness }: Drawing): Area {
-  const { left, top, right, bottom } = area;
-  return grown({
-    left: Math.min(left, right), top: Math.min(top, bottom),
-    right: Math.max(left, right), bottom: Math.max(top, bottom),
-  }, thickness / 2);
-}
+function isFlat({ form, fill, colour }: Drawing): boolean { return form === "box" && fill === colour; }
 
 /** The same shape at the same place replaces the earlier one: painted over it, the edges of the earlier one would
  * shine through. */
 function replaces(later: Drawing, earlier: Drawing): boolean {
-  if (isFilledBox(later) && contains(inkOf(later), inkOf(earlier))) return true;
-  const [a, b] = [later.area, earlier.area];
-  return later.form === earlier.form && later.text === earlier.text && later.thickness === earlier.thickness &&
-    (later.fill === null) === (earlier.fill === null) && later.font?.face === earlier.font?.face &&
-    later.font?.size === earlier.font?.size && a.left === b.left && a.top === b.top && a.right === b.right &&
-    a.bottom === b.bottom;
+  const covers = later.form === "box" && later.fill !== null && contains(later.ink, earlier.ink);
+  return covers || later.key === earlier.key;
 }
 
-export class DisplayList {
+function areaOf(points: Points): Area {
+  const [left, top, right, bottom] = points.map((length) => length * pixelsPerPoint) as unknown as Points;
+  return { left, top, right, bottom };
+}
+
+export class DisplayList implements Surface {
   #drawings: Drawing[] = [];
   #drawn: Area | null = null;
 
-  constructor(public background: Colour) {}
+  constructor(private background: Colour) {}
 
-  text(left: number, top: number, text: string, font: Font, colour: Colour): void {
+  // ---- What the program draws, in points ---------------------------------------------------------------
+
+  drawText(left: number, top: number, text: string, font: Font, colour: Colour): void {
     if (text.trim() === "") return;
-    const area = { left, top, right: left + textWidth(text, font), bottom: top + lineHeight(font) };
-    this.#add({ form: "text", area, thickness: 0, colour, fill: null, text, font });
+    const corner = areaOf([left, top, left, top]);
+    const right = corner.left + textWidth(text, font);
+    this.#add("text", { ...corner, right, bottom: corner.top + lineHeight(font) }, 0, colour, null, text, font);
   }
 
   /** Straight segments are boxes, whose edges are sharp. */
-  segment(area: Area, thickness: number, colour: Colour): void {
+  drawSegment(ends: Points, thickness: number, colour: Colour): void {
+    const area = areaOf(ends);
     const isStraight = Math.min(Math.abs(area.right - area.left), Math.abs(area.bottom - area.top)) < 0.5;
-    if (isStraight) this.box(area, thickness, colour, colour);
-    else this.#add({ form: "segment", area, thickness, colour, fill: null, text: "", font: null });
+    this.#add(isStraight ? "box" : "segment", area, thickness, colour, isStraight ? colour : null);
   }
 
-  box(area: Area, thickness: number, colour: Colour, fill: Colour | null): void {
-    this.#add({ form: "box", area, thickness, colour, fill, text: "", font: null });
+  drawBox(corners: Points, thickness: number, outline: Colour, fill: Colour | null): void {
+    this.#add("box", areaOf(corners), thickness, outline, fill);
   }
 
-  ellipse(area: Area, thickness: number, colour: Colour, fill: Colour | null): void {
-    this.#add({ form: "ellipse", area, thickness, colour, fill, text: "", font: null });
+  drawEllipse([x, y, radiusX, radiusY]: Points, thickness: number, outline: Colour, fill: Colour | null): void {
+    this.#add("ellipse", areaOf([x - radiusX, y - radiusY, x + radiusX, y + radiusY]), thickness, outline, fill);
   }
 
   clear(background: Colour): void {
@@ -80,6 +73,8 @@ export class DisplayList {
     this.#drawings = [];
     this.#drawn = null;
   }
+
+  // ---- What the window shows ---------------------------------------------------------------------------
 
   /** Where something visible was drawn since the last call; null for nowhere. */
   takeDrawn(): Area | null {
@@ -95,22 +90,25 @@ export class DisplayList {
     context.fillStyle = css(this.background);
     context.fillRect(0, 0, context.canvas.width, context.canvas.height);
     for (const drawing of this.#drawings) {
-      if (drawing.form === "box") {
-        context.setTransform(1, 0, 0, 1, left, top);
-        paintBox(context, ratio, drawing);
-      } else {
-        context.setTransform(ratio, 0, 0, ratio, left, top);
-        if (drawing.font) paintText(context, drawing, drawing.font);
-        else paintRound(context, drawing);
-      }
+      const scale = drawing.form === "box" ? 1 : ratio;
+      context.setTransform(scale, 0, 0, scale, left, top);
+      if (drawing.form === "box") paintBox(context, ratio, drawing);
+      else if (drawing.font) paintText(context, drawing, drawing.font);
+      else paintRound(context, drawing);
     }
   }
 
-  #add(added: Drawing): void {
+  #add(form: Drawing["form"], area: Area, thickness: number, colour: Colour, fill: Colour | null = null, text = "",
+    font: Font | null = null): void {
+    const { left, top, right, bottom } = area;
+    const ink = grown({ left: Math.min(left, right), top: Math.min(top, bottom), right: Math.max(left, right),
+      bottom: Math.max(top, bottom) }, thickness / 2);
+    const key = [form, left, top, right, bottom, thickness, fill === null, text, font?.face, font?.size].join();
+    const added = { form, area, thickness, colour, fill, text, font, ink, key };
     this.#drawings = this.#drawings.filter((earlier) => !replaces(added, earlier));
     this.#drawings.push(added);
-    const isErasure = (isFlat(added) || added.form === "text") && added.colour === this.background;
-    if (!isErasure) this.#drawn = united(this.#drawn, inkOf(added));
+    const isErasure = (isFlat(added) || form === "text") && colour === this.background;
+    if (!isErasure) this.#drawn = united(this.#drawn, ink);
   }
 }
 

@@ -28,12 +28,12 @@ export interface ControlLayout {
   readonly place: { readonly left: number; readonly top: number; readonly width: number; readonly height: number };
   readonly caption: string;
   readonly tooltip: string;
+  readonly accessibleName: string;
   readonly font: Font;
   readonly foreground: Colour;
   readonly background: Colour;
   readonly alignment: "left" | "centred";
   readonly border: "none" | "thin";
-  readonly accessibleName: string;
   readonly picture: "none" | "arrow" | "stop" | "farewell";
   readonly visible: "hidden" | "visible";
   readonly enabled: "off" | "on";
@@ -54,16 +54,20 @@ export interface ScreenLayout {
 /** Two points: corners, the ends of a segment, or the centre and the radii of an ellipse. */
 export type Points = readonly [number, number, number, number];
 
-/** As `Window` in platform.h. The module keeps the timers: it reports those that start while they are stopped, and
- * those that stop. */
-export interface Window {
-  activate(): void;
-  contentWidth(): number;
+/** The drawing functions of `Window` in platform.h. */
+export interface Surface {
   drawText(left: number, top: number, text: string, font: Font, colour: Colour): void;
   drawSegment(ends: Points, thickness: number, colour: Colour): void;
   drawBox(corners: Points, thickness: number, outline: Colour, fill: Colour | null): void;
   drawEllipse(centreAndRadii: Points, thickness: number, outline: Colour, fill: Colour | null): void;
   clear(background: Colour): void;
+}
+
+/** The others. The module keeps the timers: it reports those that start while they are stopped, and those that stop. */
+export interface Window {
+  readonly surface: Surface;
+  activate(): void;
+  contentWidth(): number;
   setVisible(image: ControlIndex, isVisible: boolean): void;
   setCaption(label: ControlIndex, caption: string): void;
   timerStarted(timer: ControlIndex, milliseconds: number): void;
@@ -90,20 +94,21 @@ export interface Platform {
 type GameFunction = "destroyGame" | "start" | "key" | "click" | "front" | "close" | "deliverDueTicks" | "nextDue" |
   "minimumContentWidth" | "minimumContentHeight" | "queryLayout" | "querySpokenTexts" | "takeAnnouncement" |
   "giveRandomNumber" | "setVariable" | "setCounter" | "queryState";
+export type PageFunctions = Record<string, (...values: never[]) => number | bigint | void>;
 type Exports = { readonly memory: WebAssembly.Memory } &
   Readonly<Record<"_initialize" | "createGame" | GameFunction, (...values: number[]) => number>>;
 
 /** An instance of the module. It holds any number of games, which are independent of each other. */
 export class Program {
   readonly #games: Game[] = [];
-  readonly #decoder = new TextDecoder("utf-8", { ignoreBOM: true });
   #exports!: Exports;
 
   private constructor() {}
 
   static async create(module: WebAssembly.Module): Promise<Program> {
     const program = new Program();
-    const instance = await WebAssembly.instantiate(module, { page: program.#imports() });
+    const memory = (): WebAssembly.Memory => program.#exports.memory;
+    const instance = await WebAssembly.instantiate(module, { page: pageFunctions(program.#games, memory) });
     program.#exports = instance.exports as Exports;
     program.#exports._initialize();
     return program;
@@ -115,55 +120,6 @@ export class Program {
     const game = new Game(platform, (name, ...values) => this.#exports[name](address, ...values));
     this.#games.push(game);
     return game;
-  }
-
-  /** Copied out of the module's memory at once. */
-  #text(address: number, length: number): string {
-    return this.#decoder.decode(new Uint8Array(this.#exports.memory.buffer, address, length));
-  }
-
-  #imports(): Record<string, (...values: never[]) => number | bigint | void> {
-    type N = number;
-    const game = (number: N): Game => this.#games[number] as Game;
-    const window = (number: N, screen: N): Window => game(number).windows[screen] as Window;
-    const metrics = (number: N): Metrics => game(number).platform.metrics;
-    const text = this.#text.bind(this);
-    const font = (face: N, length: N, size: N, style: N): Font => ({ face: text(face, length), size, style });
-    const filling = (fill: N): Colour | null => (fill < 0 ? null : fill);
-    return {
-      createWindow: (g: N, s: N) => void (game(g).windows[s] = game(g).platform.createWindow(screenNames[s] as Screen)),
-      destroyWindow: (g: N, s: N) => {
-        if (game(g).active === screenNames[s]) game(g).active = null;
-        window(g, s).destroy();
-      },
-      activate: (g: N, s: N) => {
-        game(g).active = screenNames[s] as Screen;
-        window(g, s).activate();
-      },
-      contentWidth: (g: N, s: N) => window(g, s).contentWidth(),
-      textWidth: (g: N, at: N, length: N, face: N, faceLength: N, size: N, style: N) =>
-        metrics(g).textWidth(text(at, length), font(face, faceLength, size, style)),
-      lineHeight: (g: N, face: N, faceLength: N, size: N, style: N) =>
-        metrics(g).lineHeight(font(face, faceLength, size, style)),
-      averageCharacterWidth: (g: N, face: N, faceLength: N, size: N, style: N) =>
-        metrics(g).averageCharacterWidth(font(face, faceLength, size, style)),
-      drawText: (g: N, s: N, left: N, top: N, at: N, length: N, face: N, faceLength: N, size: N, style: N, colour: N) =>
-        window(g, s).drawText(left, top, text(at, length), font(face, faceLength, size, style), colour),
-      drawSegment: (g: N, s: N, x1: N, y1: N, x2: N, y2: N, thickness: N, colour: N) =>
-        window(g, s).drawSegment([x1, y1, x2, y2], thickness, colour),
-      drawBox: (g: N, s: N, x1: N, y1: N, x2: N, y2: N, thickness: N, outline: N, fill: N) =>
-        window(g, s).drawBox([x1, y1, x2, y2], thickness, outline, filling(fill)),
-      drawEllipse: (g: N, s: N, x: N, y: N, radiusX: N, radiusY: N, thickness: N, outline: N, fill: N) =>
-        window(g, s).drawEllipse([x, y, radiusX, radiusY], thickness, outline, filling(fill)),
-      clear: (g: N, s: N, background: N) => window(g, s).clear(background),
-      setVisible: (g: N, s: N, image: N, isVisible: N) => window(g, s).setVisible(image, isVisible !== 0),
-      setCaption: (g: N, s: N, label: N, at: N, length: N) => window(g, s).setCaption(label, text(at, length)),
-      timerStarted: (g: N, s: N, timer: N, milliseconds: N) => window(g, s).timerStarted(timer, milliseconds),
-      timerStopped: (g: N, s: N, timer: N) => window(g, s).timerStopped(timer),
-      randomSeed: (g: N) => game(g).platform.randomSeed(),
-      quit: (g: N) => game(g).platform.quit(),
-      answer: (g: N, at: N, length: N) => void (game(g).answer = text(at, length)),
-    };
   }
 }
 
@@ -234,4 +190,51 @@ export class Game {
     this.call(query, ...values);
     return this.answer;
   }
+}
+
+/** What the module imports: passes each call to the platform or the window of its game. */
+export function pageFunctions(games: readonly Game[], memory: () => WebAssembly.Memory): PageFunctions {
+  type N = number;
+  const game = (number: N): Game => games[number] as Game;
+  const window = (number: N, screen: N): Window => game(number).windows[screen] as Window;
+  const surface = (number: N, screen: N): Surface => window(number, screen).surface;
+  const metrics = (number: N): Metrics => game(number).platform.metrics;
+  const decoder = new TextDecoder("utf-8", { ignoreBOM: true });
+  const text = (address: N, length: N): string => decoder.decode(new Uint8Array(memory().buffer, address, length));
+  const font = (face: N, length: N, size: N, style: N): Font => ({ face: text(face, length), size, style });
+  const filling = (fill: N): Colour | null => (fill < 0 ? null : fill);
+  return {
+    createWindow: (g: N, s: N) => void (game(g).windows[s] = game(g).platform.createWindow(screenNames[s] as Screen)),
+    destroyWindow: (g: N, s: N) => {
+      if (game(g).active === screenNames[s]) game(g).active = null;
+      window(g, s).destroy();
+    },
+    activate: (g: N, s: N) => {
+      game(g).active = screenNames[s] as Screen;
+      window(g, s).activate();
+    },
+    contentWidth: (g: N, s: N) => window(g, s).contentWidth(),
+    textWidth: (g: N, at: N, length: N, face: N, faceLength: N, size: N, style: N) =>
+      metrics(g).textWidth(text(at, length), font(face, faceLength, size, style)),
+    lineHeight: (g: N, face: N, faceLength: N, size: N, style: N) =>
+      metrics(g).lineHeight(font(face, faceLength, size, style)),
+    averageCharacterWidth: (g: N, face: N, faceLength: N, size: N, style: N) =>
+      metrics(g).averageCharacterWidth(font(face, faceLength, size, style)),
+    drawText: (g: N, s: N, left: N, top: N, at: N, length: N, face: N, faceLength: N, size: N, style: N, colour: N) =>
+      surface(g, s).drawText(left, top, text(at, length), font(face, faceLength, size, style), colour),
+    drawSegment: (g: N, s: N, x1: N, y1: N, x2: N, y2: N, thickness: N, colour: N) =>
+      surface(g, s).drawSegment([x1, y1, x2, y2], thickness, colour),
+    drawBox: (g: N, s: N, x1: N, y1: N, x2: N, y2: N, thickness: N, outline: N, fill: N) =>
+      surface(g, s).drawBox([x1, y1, x2, y2], thickness, outline, filling(fill)),
+    drawEllipse: (g: N, s: N, x: N, y: N, radiusX: N, radiusY: N, thickness: N, outline: N, fill: N) =>
+      surface(g, s).drawEllipse([x, y, radiusX, radiusY], thickness, outline, filling(fill)),
+    clear: (g: N, s: N, background: N) => surface(g, s).clear(background),
+    setVisible: (g: N, s: N, image: N, isVisible: N) => window(g, s).setVisible(image, isVisible !== 0),
+    setCaption: (g: N, s: N, label: N, at: N, length: N) => window(g, s).setCaption(label, text(at, length)),
+    timerStarted: (g: N, s: N, timer: N, milliseconds: N) => window(g, s).timerStarted(timer, milliseconds),
+    timerStopped: (g: N, s: N, timer: N) => window(g, s).timerStopped(timer),
+    randomSeed: (g: N) => game(g).platform.randomSeed(),
+    quit: (g: N) => game(g).platform.quit(),
+    answer: (g: N, at: N, length: N) => void (game(g).answer = text(at, length)),
+  };
 }

@@ -167,6 +167,7 @@ export class Page implements Platform {
       this.#current?.follow("tick");
       if (this.#current === before) event(now);
       this.#current?.follow("learner");
+      this.#current?.paint();
       this.#finish(now);
     } catch (error) {
       this.#isOver = true;

@@ -4,8 +4,8 @@
 
 import { Control } from "./controls";
 import { DisplayList } from "./display_list";
-import type { Colour, ControlIndex, Font, Points, ScreenLayout, Window } from "./module";
-import { Area, pixelsPerPoint, Size } from "./units";
+import type { ControlIndex, ScreenLayout, Window } from "./module";
+import { pixelsPerPoint, Size } from "./units";
 import { View } from "./view";
 
 // The frame of a tool window, in CSS pixels.
@@ -21,15 +21,9 @@ interface Host {
   remove(window: ScreenWindow): void;
 }
 
-function areaOf([x1, y1, x2, y2]: Points): Area {
-  return {
-    left: x1 * pixelsPerPoint, top: y1 * pixelsPerPoint, right: x2 * pixelsPerPoint, bottom: y2 * pixelsPerPoint,
-  };
-}
-
 export class ScreenWindow implements Window {
   readonly element = document.createElement("section");
-  readonly #picture: DisplayList;
+  readonly surface: DisplayList;
   readonly #view: View;
   readonly #layout: ScreenLayout;
   readonly #controls: readonly (Control | null)[]; // by row; null for a timer
@@ -48,7 +42,7 @@ export class ScreenWindow implements Window {
   /** Invisible at first. `minimum` is the minimum content area, in pixels of the layout. */
   constructor(layout: ScreenLayout, minimum: Size, private readonly host: Host) {
     this.#layout = layout;
-    this.#picture = new DisplayList(layout.background);
+    this.surface = new DisplayList(layout.background);
     this.#view = new View(minimum);
     this.#context = this.#canvas.getContext("2d", { alpha: false }) as CanvasRenderingContext2D;
     this.#controls = layout.controls.map((row) => (row.kind === "timer" ? null : new Control(row)));
@@ -64,31 +58,13 @@ export class ScreenWindow implements Window {
   destroy(): void { this.host.remove(this); }
   contentWidth(): number { return this.#view.contentWidth / pixelsPerPoint; }
 
-  drawText(left: number, top: number, text: string, font: Font, colour: Colour): void {
-    this.#picture.text(left * pixelsPerPoint, top * pixelsPerPoint, text, font, colour);
-  }
-  drawSegment(ends: Points, thickness: number, colour: Colour): void {
-    this.#picture.segment(areaOf(ends), thickness, colour);
-  }
-  drawBox(corners: Points, thickness: number, outline: Colour, fill: Colour | null): void {
-    this.#picture.box(areaOf(corners), thickness, outline, fill);
-  }
-  drawEllipse([x, y, radiusX, radiusY]: Points, thickness: number, outline: Colour, fill: Colour | null): void {
-    const area = areaOf([x - radiusX, y - radiusY, x + radiusX, y + radiusY]);
-    this.#picture.ellipse(area, thickness, outline, fill);
-  }
-  clear(background: Colour): void { this.#picture.clear(background); }
-
   setVisible(image: ControlIndex, isVisible: boolean): void {
-    const control = this.#controls[image];
-    if (!control) return;
-    control.isVisible = isVisible;
+    const control = this.#control(image);
+    control.element.hidden = !isVisible;
     this.#view.imageChanged(isVisible ? control.area : null);
   }
   setCaption(label: ControlIndex, caption: string): void {
-    const control = this.#controls[label];
-    if (!control) return;
-    control.caption = caption;
+    this.#control(label).element.textContent = caption;
     this.#scale = 0; // a longer caption may need a smaller font
   }
 
@@ -138,7 +114,7 @@ export class ScreenWindow implements Window {
     const { scale, left, top } = this.#view;
     const ratio = scale * this.#pixelRatio;
     const [x, y] = [-Math.round(left * ratio), -Math.round(top * ratio)];
-    this.#picture.paint(this.#context, ratio, x, y);
+    this.surface.paint(this.#context, ratio, x, y);
     this.#content.style.left = `${x / this.#pixelRatio}px`;
     this.#content.style.top = `${y / this.#pixelRatio}px`;
     if (scale === this.#scale) return;
@@ -146,11 +122,8 @@ export class ScreenWindow implements Window {
     for (const control of this.#controls) control?.place(scale, this.#pixelRatio);
   }
 
-  /** After an event: moves the view to what was drawn, and paints. */
-  follow(cause: "learner" | "tick"): void {
-    this.#view.follow(this.#picture.takeDrawn(), cause);
-    this.paint();
-  }
+  /** After an event, before `paint`: moves the view to what was drawn. */
+  follow(cause: "learner" | "tick"): void { this.#view.follow(this.surface.takeDrawn(), cause); }
 
   /** A button got the focus. */
   focus(button: HTMLElement, shallReveal: boolean): void {
@@ -171,43 +144,36 @@ export class ScreenWindow implements Window {
   read(texts: readonly string[]): void {
     if (this.#spoken === texts.join("\n")) return;
     this.#spoken = texts.join("\n");
-    this.#texts.replaceChildren(...texts.map((words) => {
-      const paragraph = document.createElement("p");
-      paragraph.textContent = words;
-      return paragraph;
-    }));
+    const paragraph = (words: string): Node => Object.assign(document.createElement("p"), { textContent: words });
+    this.#texts.replaceChildren(...texts.map(paragraph));
   }
+
+  #control(index: ControlIndex): Control { return this.#controls[index] as Control; }
 
   #build(): void {
     const { frame, accessibleName, name, caption } = this.#layout;
-    this.element.className = frame;
-    this.element.id = name;
-    this.element.hidden = true;
+    Object.assign(this.element, { className: frame, id: name, hidden: true });
     this.element.setAttribute("aria-label", accessibleName);
     this.#canvas.setAttribute("aria-hidden", "true");
     this.#shown.className = "view";
     this.#texts.className = "texts";
     this.#content.className = "controls";
-    if (frame === "toolWindow") this.element.append(this.#buildTitle(caption));
+    if (frame === "toolWindow") this.#buildTitle(caption);
     this.#shown.append(this.#canvas, this.#texts, this.#content);
     this.element.append(this.#shown);
-    this.#controls.forEach((control, index) => {
-      if (!control) return;
+    for (const [index, control] of this.#controls.entries()) {
+      if (!control) continue;
       this.#content.append(control.element);
       if (control.element instanceof HTMLButtonElement) this.#pressable.set(control.element, index);
-    });
+    }
   }
 
-  #buildTitle(caption: string): HTMLElement {
-    const words = document.createElement("span");
-    words.textContent = caption;
-    const box = document.createElement("button");
-    box.textContent = "×";
-    box.title = "Fermer";
+  #buildTitle(caption: string): void {
+    const words = Object.assign(document.createElement("span"), { textContent: caption });
+    const box = Object.assign(document.createElement("button"), { textContent: "×", title: "Fermer", tabIndex: -1 });
     box.setAttribute("aria-label", "Fermer");
-    box.tabIndex = -1; // never takes the focus
     this.#pressable.set(box, "close");
     this.#title.append(words, box);
-    return this.#title;
+    this.element.append(this.#title);
   }
 }

@@ -32,6 +32,10 @@ export function contains(outer: Area, inner: Area): boolean {
     outer.bottom >= inner.bottom;
 }
 
+export function grown({ left, top, right, bottom }: Area, margin: number): Area {
+  return { left: left - margin, top: top - margin, right: right + margin, bottom: bottom + margin };
+}
+
 export function clamp(value: number, lowest: number, highest: number): number {
   return Math.max(lowest, Math.min(value, highest));
 }

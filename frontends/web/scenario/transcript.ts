@@ -4,7 +4,8 @@
  * end, so that it is the same on every machine. */
 
 import {
-  Colour, ControlIndex, ControlLayout, Font, Game, Metrics, Platform, Points, Screen, ScreenLayout, screenNames, Window,
+  Colour, ControlIndex, ControlLayout, Font, Game, Metrics, Platform, Points, Screen, ScreenLayout, screenNames,
+  Surface, Window,
 } from "../page/module";
 
 /** As C's %g prints a finite number: six significant digits, and exact ties to the even digit. */
@@ -69,7 +70,9 @@ export class Transcript implements Platform {
   randomSeed(): bigint { return 0n; }
 }
 
-class TranscriptWindow implements Window {
+class TranscriptWindow implements Window, Surface {
+  readonly surface = this;
+
   constructor(private readonly transcript: Transcript, private readonly layout: ScreenLayout) {}
 
   activate(): void { this.transcript.print(`activate ${this.layout.name}`); }

@@ -1,0 +1,130 @@
+# SPDX-License-Identifier: MIT
+"""Chromium without a window, with raw keys and a mouse whose press and release are apart."""
+
+import shutil
+import tempfile
+import time
+from collections.abc import Callable
+from pathlib import Path
+from typing import Any
+
+from selenium import webdriver
+from selenium.webdriver.chrome.service import Service
+
+SHIFT, CONTROL, ALT, META = 8, 2, 1, 4
+VIRTUAL_CODES = {"Backspace": 8, "Tab": 9, "Enter": 13, "Escape": 27, " ": 32, "ArrowLeft": 37, "ArrowUp": 38,
+                 "ArrowRight": 39, "ArrowDown": 40}
+TEXTS = {"Enter": "\r"}
+
+
+def wait_for(condition: Callable[[], Any], what: str, seconds: float = 5) -> Any:
+    """The first value of `condition` that is true."""
+    end = time.monotonic() + seconds
+    while not (value := condition()):
+        if time.monotonic() > end:
+            raise AssertionError(f"not within {seconds} s: {what}")
+        time.sleep(0.01)
+    return value
+
+
+class Browser:
+    """Use it in a `with` statement. Everything concerns the tab that was opened or chosen last."""
+
+    def __enter__(self) -> "Browser":
+        self.folder = Path(tempfile.mkdtemp())
+        options = webdriver.ChromeOptions()
+        options.binary_location = "/usr/bin/chromium"
+        for argument in "headless=new", "no-sandbox", "disable-gpu", f"user-data-dir={self.folder}/profile":
+            options.add_argument(f"--{argument}")
+        options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
+        service = Service("/usr/bin/chromedriver", env={"TMPDIR": str(self.folder), "PATH": "/usr/bin:/bin"})
+        self.driver = webdriver.Chrome(service=service, options=options)
+        self.scripts: list[str] = []
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        self.driver.quit()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def command(self, method: str, **parameters: Any) -> Any:
+        return self.driver.execute_cdp_cmd(method, parameters)
+
+    def evaluate(self, expression: str) -> Any:
+        """The value of an expression, or of the promise that it is."""
+        answer = self.command("Runtime.evaluate", expression=expression, returnByValue=True, awaitPromise=True)
+        if "exceptionDetails" in answer:
+            raise AssertionError(answer["exceptionDetails"])
+        return answer["result"].get("value")
+
+    def console(self) -> list[str]:
+        """The messages since the last call."""
+        return [entry["message"] for entry in self.driver.get_log("browser")]
+
+    # ---- Pages ---------------------------------------------------------------------------------------
+
+    def set_display(self, width: int, height: int, ratio: float = 1) -> None:
+        self.command("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=ratio,
+                     mobile=False)
+
+    def run_first(self, *scripts: str) -> None:
+        """Runs these scripts, and no earlier ones, before those of the pages that are opened from now on."""
+        for identifier in self.scripts:
+            self.command("Page.removeScriptToEvaluateOnNewDocument", identifier=identifier)
+        added = [self.command("Page.addScriptToEvaluateOnNewDocument", source=script) for script in scripts]
+        self.scripts = [answer["identifier"] for answer in added]
+
+    def open(self, file: Path) -> None:
+        self.driver.get(file.as_uri())
+
+    def open_tab(self) -> None:
+        self.driver.switch_to.new_window("tab")
+        self.scripts = []
+
+    def picture(self) -> str:
+        """What is visible, as the text of a PNG file."""
+        return self.command("Page.captureScreenshot")["data"]
+
+    def names(self) -> list[tuple[str, str]]:
+        """What a screen reader finds: roles and names in reading order."""
+        nodes = self.command("Accessibility.getFullAXTree")["nodes"]
+        by_identifier = {node["nodeId"]: node for node in nodes}
+        found: list[tuple[str, str]] = []
+
+        def read(node: dict[str, Any]) -> None:
+            if not node["ignored"]:
+                found.append((node["role"]["value"], node["name"]["value"]))
+            for child in node.get("childIds", []):
+                if child in by_identifier:
+                    read(by_identifier[child])
+
+        read(nodes[0])
+        return found
+
+    # ---- Keyboard and mouse --------------------------------------------------------------------------
+
+    def hold(self, key: str, code: str = "", modifiers: int = 0, repeated: bool = False) -> None:
+        virtual = VIRTUAL_CODES.get(key, ord(key.upper()) if len(key) == 1 else 0)
+        text = TEXTS.get(key, key if len(key) == 1 else "")
+        typed = {"text": text} if text and not modifiers & (CONTROL | ALT | META) else {}
+        self.command("Input.dispatchKeyEvent", type="keyDown" if typed else "rawKeyDown", key=key, code=code or key,
+                     modifiers=modifiers, windowsVirtualKeyCode=virtual, autoRepeat=repeated, **typed)
+
+    def release(self, key: str, code: str = "", modifiers: int = 0) -> None:
+        virtual = VIRTUAL_CODES.get(key, ord(key.upper()) if len(key) == 1 else 0)
+        self.command("Input.dispatchKeyEvent", type="keyUp", key=key, code=code or key, modifiers=modifiers,
+                     windowsVirtualKeyCode=virtual)
+
+    def press(self, key: str, code: str = "", modifiers: int = 0) -> None:
+        self.hold(key, code, modifiers)
+        self.release(key, code, modifiers)
+
+    def mouse(self, action: str, selector: str, button: str = "left", **more: float) -> None:
+        """`action` is Pressed, Released or Wheel; in the middle of an element."""
+        x, y = self.evaluate(f"""(({{left, right, top, bottom}}) => [(left + right) / 2, (top + bottom) / 2])
+            (document.querySelector({selector!r}).getBoundingClientRect())""")
+        self.command("Input.dispatchMouseEvent", type=f"mouse{action}", x=x, y=y, button=button,
+                     clickCount=1, **more)
+
+    def click(self, selector: str, button: str = "left") -> None:
+        self.mouse("Pressed", selector, button)
+        self.mouse("Released", selector, button)
