@@ -23,6 +23,7 @@ sys.path.insert(0, str(BENCH.parent / "tour"))  # for its learner
 from desktop import Desktop, Display, end_process
 from learner import Learner
 from screens import WHITE
+from table import Table
 
 STARTS = 31
 ROUNDS = 5  # each one measures all programs
@@ -41,33 +42,6 @@ class Programs(NamedTuple):
     bare_xlib: Path
     window_bench: Path
     core_bench: Path
-
-
-# ---- The table --------------------------------------------------------------------------------------------
-
-
-class Table:
-    def __init__(self) -> None:
-        print(f"Cores: {os.cpu_count()}; load average before: {os.getloadavg()[0]:.1f}\n")
-        print("| measurement | Chiffrolo | reference | ratio | goal | met |")
-        print("|---|---:|---:|---:|---:|---|", flush=True)
-
-    def add_ratio(self, what: str, ours: float, reference: float, unit: str, maximum: float | None = None) -> None:
-        ratio = round(ours / reference, 2)
-        goal = "" if maximum is None else f"at most {maximum:.2f} | {_yes_or_no(ratio <= maximum)}"
-        self._add(what, f"{ours:.2f} {unit}", f"{reference:.2f} {unit}", f"{ratio:.2f}", goal)
-
-    def add_amount(self, what: str, ours: int, unit: str, maximum: int | None = None) -> None:
-        goal = "" if maximum is None else f"at most {maximum:,}{unit} | {_yes_or_no(ours <= maximum)}"
-        self._add(what, f"{ours:,}{unit}", "", "", goal)
-
-    @staticmethod
-    def _add(what: str, ours: str, reference: str, ratio: str, goal_and_met: str) -> None:
-        print(f"| {what} | {ours} | {reference} | {ratio} | {goal_and_met or ' | '} |", flush=True)
-
-
-def _yes_or_no(met: bool) -> str:
-    return "yes" if met else "no"
 
 
 # ---- Times ------------------------------------------------------------------------------------------------
