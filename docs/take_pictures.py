@@ -16,6 +16,7 @@ DOCS = Path(__file__).resolve().parent
 ROOT = DOCS.parent
 TOUR = ROOT / "tour"
 sys.path.insert(0, str(TOUR))
+sys.dont_write_bytecode = True  # not beside the modules of the tour
 
 from picture import Area, Picture
 from screens import content_corner
