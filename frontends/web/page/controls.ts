@@ -29,7 +29,8 @@ export class Control {
     this.element = document.createElement(isPressed ? "button" : "div");
     this.element.className = row.kind;
     if (row.kind === "button" || row.kind === "label") this.element.textContent = row.caption;
-    else if (row.accessibleName !== "") this.#name(row.accessibleName);
+    else if (row.accessibleName !== "") this.element.setAttribute("aria-label", row.accessibleName);
+    if (row.kind === "pictureBox") this.element.setAttribute("role", "img");
     if (row.tooltip !== "") this.element.title = row.tooltip;
     if (row.kind === "image") this.element.tabIndex = -1; // never takes the focus
     if (row.picture !== "none")
@@ -40,10 +41,9 @@ export class Control {
   /** In pixels of the layout. */
   get area(): Area {
     const { left, top, width, height } = this.row.place;
-    return {
-      left: left * pixelsPerTwip, top: top * pixelsPerTwip,
-      right: (left + width) * pixelsPerTwip, bottom: (top + height) * pixelsPerTwip,
-    };
+    const [right, bottom] = [left + width, top + height];
+    return { left: left * pixelsPerTwip, top: top * pixelsPerTwip, right: right * pixelsPerTwip,
+      bottom: bottom * pixelsPerTwip };
   }
 
   /** Places the control at `scale` CSS pixels per pixel of the layout. Both edges lie between device pixels, so that
@@ -61,11 +61,6 @@ export class Control {
     this.#colour(style, stroke);
     if (this.row.caption !== "") this.#scaleText(style, scale);
     if (this.#picture) this.#scalePicture(this.#picture, scale, pixelRatio);
-  }
-
-  #name(name: string): void {
-    if (this.row.kind === "pictureBox") this.element.setAttribute("role", "img");
-    this.element.setAttribute("aria-label", name);
   }
 
   /** Labels and decoration have the colours of the layout; buttons have those of the browser. */

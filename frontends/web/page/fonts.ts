@@ -12,15 +12,10 @@ import type { Font, Metrics } from "./module";
 import { pixelsPerPoint, Size } from "./units";
 
 /** As packaging/web_fonts.py writes it, in units of the face. `advances` has the characters of each width. */
-export interface FontTable {
-  readonly [face: string]: {
-    readonly unitsPerEm: number;
-    readonly ascent: number;
-    readonly descent: number;
-    readonly averageWidth: number;
-    readonly advances: Readonly<Record<string, string>>;
-  };
-}
+export type FontTable = Readonly<Record<string, Readonly<Record<FaceMetric, number>> & {
+  readonly advances: Readonly<Record<string, string>>;
+}>>;
+type FaceMetric = "unitsPerEm" | "ascent" | "descent" | "averageWidth";
 
 /** In ems. */
 class Face {
@@ -47,18 +42,12 @@ const sans = new Face("Chiffrolo Sans", "normal", "sans-regular", sansRegular);
 const sansOfTitles = new Face("Chiffrolo Sans", "bold", "sans-bold", sansBold);
 const handwriting = new Face("Chiffrolo Script", "normal", "script", script); // slanted by design
 
-/** By the name that the program asks for, in lower case: regular and bold. */
-const faces: Readonly<Record<string, readonly [Face, Face]>> = {
-  "times new roman": [serif, serif],
-  "times": [serif, serif],
-  "arial": [sans, sansOfTitles],
-  "ms sans serif": [sans, sansOfTitles],
-  "tahoma": [sans, sansOfTitles],
-  "brush script mt": [handwriting, handwriting],
-};
+/** By the name that the program asks for, in lower case. All others are sans serif. */
+const faces: Readonly<Record<string, Face>> =
+  { "times new roman": serif, "times": serif, "brush script mt": handwriting };
 
 function faceOf({ face, style }: Font): Face {
-  return (faces[face.toLowerCase()] ?? faces["arial"])?.[style & 1] ?? sans;
+  return faces[face.toLowerCase()] ?? (style & 1 ? sansOfTitles : sans);
 }
 
 function em(font: Font): number { return font.size * pixelsPerPoint; }

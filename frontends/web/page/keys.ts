@@ -3,10 +3,7 @@
 /** Which key the program gets for a key of the keyboard, and what Control with "+", "-" and "0" does. */
 
 /** `character` is a code point, 0 for none. */
-export interface KeyStroke {
-  readonly code: number;
-  readonly character: number;
-}
+export type KeyStroke = Readonly<Record<"code" | "character", number>>;
 
 // As in platform.h.
 const otherKey = 0;

@@ -32,19 +32,16 @@ function say(words: string): void {
 
 async function start(): Promise<void> {
   const [program] = await Promise.all([compileModule(), loadFaces()]);
-  const page = new Page(program, region, announcer, {
-    quit: () => {
-      say("Au revoir");
-      window.close(); // allowed for a window that a script or the command line opened
-    },
-    fail: (error) => {
-      console.error(error);
-      say("Chiffrolo s’est arrêté à cause d’une erreur. Tu peux recommencer.");
-    },
+  const page = new Page(program, region, announcer, () => {
+    say("Au revoir");
+    window.close(); // allowed for a window that a script opened or that has a single entry in its history
+  }, (error) => {
+    console.error(error);
+    say("Chiffrolo s’est arrêté à cause d’une erreur. Tu peux recommencer.");
   });
   region.hidden = false;
+  notice.remove(); // before the start, which may fail and put another notice in its place
   page.start();
-  notice.remove();
 }
 
 start().catch((error) => {

@@ -22,16 +22,11 @@ export interface Font {
 }
 
 /** One row of a layout: as `ControlLayout` in platform.h. The place is in twips. */
-export interface ControlLayout {
+export interface ControlLayout extends Readonly<Record<"name" | "caption" | "tooltip" | "accessibleName", string>>,
+  Readonly<Record<"foreground" | "background", Colour>> {
   readonly kind: "label" | "button" | "image" | "line" | "shape" | "pictureBox" | "timer";
-  readonly name: string;
-  readonly place: { readonly left: number; readonly top: number; readonly width: number; readonly height: number };
-  readonly caption: string;
-  readonly tooltip: string;
-  readonly accessibleName: string;
+  readonly place: Readonly<Record<"left" | "top" | "width" | "height", number>>;
   readonly font: Font;
-  readonly foreground: Colour;
-  readonly background: Colour;
   readonly alignment: "left" | "centred";
   readonly border: "none" | "thin";
   readonly picture: "none" | "arrow" | "stop" | "farewell";
@@ -132,7 +127,7 @@ export class Game {
   answer = ""; // to the query that runs
 
   /** Only `Program` creates games. */
-  constructor(readonly platform: Platform, private readonly call: (name: GameFunction, ...values: number[]) => number) {}
+  constructor(readonly platform: Platform, readonly call: (name: GameFunction, ...values: number[]) => number) {}
 
   start(now: number): void { this.call("start", now); }
 
@@ -152,17 +147,17 @@ export class Game {
   nextDue(): number { return this.call("nextDue"); }
 
   layout(screen: Screen): ScreenLayout {
-    const answer = JSON.parse(this.#ask("queryLayout", screenNames.indexOf(screen))) as ScreenLayout;
+    const answer = JSON.parse(this.ask("queryLayout", screenNames.indexOf(screen))) as ScreenLayout;
     return { ...answer, name: screen };
   }
 
   /** The words of the texts that are visible on the surface, in reading order; labels are not included. */
   spokenTexts(screen: Screen): readonly string[] {
-    return this.#ask("querySpokenTexts", screenNames.indexOf(screen)).split("\n").filter((words) => words !== "");
+    return this.ask("querySpokenTexts", screenNames.indexOf(screen)).split("\n").filter((words) => words !== "");
   }
 
   /** What a screen reader announces: what has changed on the active screen since the last call. May be empty. */
-  takeAnnouncement(): string { return this.#ask("takeAnnouncement"); }
+  takeAnnouncement(): string { return this.ask("takeAnnouncement"); }
 
   /** In twips. */
   minimumContentSize(): { width: number; height: number } {
@@ -172,21 +167,8 @@ export class Game {
   /** The game cannot be used afterwards. */
   destroy(): void { this.call("destroyGame"); }
 
-  // ---- For the tools that play scenarios ---------------------------------------------------------------
-
-  /** A number in [0, 1), which the program draws after those that were given before. */
-  giveRandomNumber(number: number): void { this.call("giveRandomNumber", number); }
-
-  /** `variable` is a row of `assignableVariables` in shared_variables.h. */
-  setVariable(variable: number, value: number): void { this.call("setVariable", variable, value); }
-
-  /** `array` is a row of `counterArrays` in shared_variables.h, `kind` is 1 to 4. */
-  setCounter(array: number, kind: number, value: number): void { this.call("setCounter", array, kind, value); }
-
-  /** The line that the command `state` of a scenario prints. */
-  state(): string { return this.#ask("queryState"); }
-
-  #ask(query: GameFunction, ...values: number[]): string {
+  /** The answer to a query of module.cpp. */
+  ask(query: GameFunction, ...values: number[]): string {
     this.call(query, ...values);
     return this.answer;
   }

@@ -12,14 +12,6 @@ import { zoomed } from "./view";
 
 const paper: Size = { width: 1000, height: 640 }; // A4 in landscape, in CSS pixels, less its margins
 
-/** What happens to the page when the game is over. */
-export interface Ending {
-  /** The learner has left the program. */
-  quit(): void;
-  /** The game cannot go on. */
-  fail(error: unknown): void;
-}
-
 export class Page implements Platform {
   readonly metrics = metrics;
   readonly #game: Game;
@@ -32,9 +24,10 @@ export class Page implements Platform {
   #zoom = 1;
   #isOver = false;
 
-  /** `region` holds the screens, `announcer` is the live region. */
+  /** `region` holds the screens, `announcer` is the live region. `left` is called when the learner has left the
+   * program, `failed` when the game cannot go on. */
   constructor(program: Program, private readonly region: HTMLElement, private readonly announcer: HTMLElement,
-    private readonly ending: Ending) {
+    private readonly left: () => void, private readonly failed: (error: unknown) => void) {
     this.#game = program.createGame(this);
   }
 
@@ -127,7 +120,7 @@ export class Page implements Platform {
 
   /** Firefox clicks a focused button when Space is released, wherever it was pressed. */
   #releaseKey(event: KeyboardEvent): void {
-    const screen = this.#game.active;
+    const screen = this.#isOver ? null : this.#game.active;
     if (screen !== null && event.key === " " && !this.#repeats.wasPressedOn(event, screen)) event.preventDefault();
   }
 
@@ -172,7 +165,7 @@ export class Page implements Platform {
     } catch (error) {
       this.#isOver = true;
       window.clearTimeout(this.#alarm);
-      this.ending.fail(error);
+      this.failed(error);
     }
   }
 
@@ -181,7 +174,7 @@ export class Page implements Platform {
     const screen = this.#game.active;
     if (this.#isOver) {
       this.#game.destroy();
-      return this.ending.quit();
+      return this.left();
     }
     if (screen === null) return;
     const due = this.#game.nextDue();

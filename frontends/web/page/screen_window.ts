@@ -5,6 +5,7 @@
 import { Control } from "./controls";
 import { DisplayList } from "./display_list";
 import type { ControlIndex, ScreenLayout, Window } from "./module";
+import type { Page } from "./page";
 import { pixelsPerPoint, Size } from "./units";
 import { View } from "./view";
 
@@ -15,17 +16,10 @@ const titleHeight = 24;
 /** What the learner pressed: a row of the layout, or the close box. */
 export type Pressed = ControlIndex | "close";
 
-/** Shows windows, one at a time. */
-interface Host {
-  show(window: ScreenWindow): void;
-  remove(window: ScreenWindow): void;
-}
-
 export class ScreenWindow implements Window {
   readonly element = document.createElement("section");
   readonly surface: DisplayList;
   readonly #view: View;
-  readonly #layout: ScreenLayout;
   readonly #controls: readonly (Control | null)[]; // by row; null for a timer
   readonly #title = document.createElement("header");
   readonly #shown = document.createElement("div"); // what the frame surrounds
@@ -40,8 +34,7 @@ export class ScreenWindow implements Window {
   #focused: HTMLElement | null = null;
 
   /** Invisible at first. `minimum` is the minimum content area, in pixels of the layout. */
-  constructor(layout: ScreenLayout, minimum: Size, private readonly host: Host) {
-    this.#layout = layout;
+  constructor(private readonly layout: ScreenLayout, minimum: Size, private readonly page: Page) {
     this.surface = new DisplayList(layout.background);
     this.#view = new View(minimum);
     this.#context = this.#canvas.getContext("2d", { alpha: false }) as CanvasRenderingContext2D;
@@ -53,9 +46,9 @@ export class ScreenWindow implements Window {
 
   activate(): void {
     this.#view.goToTopLeft();
-    this.host.show(this);
+    this.page.show(this);
   }
-  destroy(): void { this.host.remove(this); }
+  destroy(): void { this.page.remove(this); }
   contentWidth(): number { return this.#view.contentWidth / pixelsPerPoint; }
 
   setVisible(image: ControlIndex, isVisible: boolean): void {
@@ -89,7 +82,7 @@ export class ScreenWindow implements Window {
 
   /** `room` is that of the whole screen, in CSS pixels. */
   arrange(room: Size, zoom: number, pixelRatio: number): void {
-    const isFramed = this.#layout.frame === "toolWindow";
+    const isFramed = this.layout.frame === "toolWindow";
     const aligned = (length: number): number => Math.round(length * pixelRatio) / pixelRatio;
     const frame = isFramed ? aligned(frameThickness) : 0;
     const top = isFramed ? frame + aligned(titleHeight) + frame : 0;
@@ -151,7 +144,7 @@ export class ScreenWindow implements Window {
   #control(index: ControlIndex): Control { return this.#controls[index] as Control; }
 
   #build(): void {
-    const { frame, accessibleName, name, caption } = this.#layout;
+    const { frame, accessibleName, name, caption } = this.layout;
     Object.assign(this.element, { className: frame, id: name, hidden: true });
     this.element.setAttribute("aria-label", accessibleName);
     this.#canvas.setAttribute("aria-hidden", "true");

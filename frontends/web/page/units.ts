@@ -4,27 +4,15 @@
 export const pixelsPerPoint = 96 / 72;
 export const pixelsPerTwip = pixelsPerPoint / 20;
 
-export interface Size {
-  readonly width: number;
-  readonly height: number;
-}
+export type Size = Readonly<Record<"width" | "height", number>>;
 
 /** `right` and `bottom` are past the last pixel. */
-export interface Area {
-  readonly left: number;
-  readonly top: number;
-  readonly right: number;
-  readonly bottom: number;
-}
+export type Area = Readonly<Record<"left" | "top" | "right" | "bottom", number>>;
 
 export function united(one: Area | null, other: Area | null): Area | null {
   if (one === null || other === null) return one ?? other;
-  return {
-    left: Math.min(one.left, other.left),
-    top: Math.min(one.top, other.top),
-    right: Math.max(one.right, other.right),
-    bottom: Math.max(one.bottom, other.bottom),
-  };
+  return { left: Math.min(one.left, other.left), top: Math.min(one.top, other.top),
+    right: Math.max(one.right, other.right), bottom: Math.max(one.bottom, other.bottom) };
 }
 
 export function contains(outer: Area, inner: Area): boolean {

@@ -22,10 +22,11 @@ function startToShow(from: number, to: number, start: number, shown: number): nu
 }
 
 export class View {
+  /** The top left corner of the visible part, in pixels of the layout. */
+  left = 0;
+  top = 0;
   #room: Size = { width: 1, height: 1 };
   #zoom = 1;
-  #left = 0;
-  #top = 0;
   #image: Area | null = null; // became visible since the view last followed
   #revealed: Area | null = null; // the area that was last made visible
 
@@ -35,10 +36,6 @@ export class View {
   /** CSS pixels per pixel of the layout. */
   get scale(): number { return this.#fitScale * this.#zoom; }
 
-  /** The top left corner of the visible part, in pixels of the layout. */
-  get left(): number { return this.#left; }
-  get top(): number { return this.#top; }
-
   /** In pixels of the layout. The zoom does not change it. */
   get contentWidth(): number { return Math.max(this.minimum.width, this.#room.width / this.#fitScale); }
 
@@ -46,7 +43,7 @@ export class View {
   arrange(room: Size, zoom: number): void {
     this.#room = { width: Math.max(1, room.width), height: Math.max(1, room.height) };
     this.#zoom = zoom;
-    this.panTo(this.#left, this.#top);
+    this.panTo(this.left, this.top);
     if (this.#revealed) this.reveal(this.#revealed);
   }
 
@@ -58,21 +55,21 @@ export class View {
   /** By CSS pixels, as the learner asks for. */
   panBy(x: number, y: number): void {
     this.#revealed = null;
-    this.panTo(this.#left + x / this.scale, this.#top + y / this.scale);
+    this.panTo(this.left + x / this.scale, this.top + y / this.scale);
   }
 
   panTo(left: number, top: number): void {
     const shown = this.#shown;
-    this.#left = clamp(left, 0, Math.max(0, this.minimum.width - shown.width));
-    this.#top = clamp(top, 0, Math.max(0, this.minimum.height - shown.height));
+    this.left = clamp(left, 0, Math.max(0, this.minimum.width - shown.width));
+    this.top = clamp(top, 0, Math.max(0, this.minimum.height - shown.height));
   }
 
   reveal(area: Area): void {
     const margin = 8;
     const shown = this.#shown;
     this.#revealed = area;
-    this.panTo(startToShow(area.left - margin, area.right + margin, this.#left, shown.width),
-      startToShow(area.top - margin, area.bottom + margin, this.#top, shown.height));
+    this.panTo(startToShow(area.left - margin, area.right + margin, this.left, shown.width),
+      startToShow(area.top - margin, area.bottom + margin, this.top, shown.height));
   }
 
   /** An image became visible there, or none any more. */

@@ -44,16 +44,16 @@ export class Player {
   #carryOut(command: Command): void {
     const { game, hands, transcript } = this;
     switch (command.kind) {
-      case "rnd": return command.numbers.forEach((number) => game.giveRandomNumber(number));
+      case "rnd": return command.numbers.forEach((number) => game.call("giveRandomNumber", number));
       case "key": return hands.key(command.key);
       case "click": return this.#click(command.control);
       case "front": return hands.front(command.screen);
       case "close": return hands.close();
       case "wait": return hands.wait(command.milliseconds);
-      case "setVariable": return game.setVariable(command.variable, command.value);
+      case "setVariable": return void game.call("setVariable", command.variable, command.value);
       case "setCounters":
-        return command.values.forEach((value, index) => game.setCounter(command.array, index + 1, value));
-      case "state": return transcript.print(game.state());
+        return command.values.forEach((value, index) => game.call("setCounter", command.array, index + 1, value));
+      case "state": return transcript.print(game.ask("queryState"));
       case "layout": return layoutLines(transcript.layout(command.screen)).forEach(transcript.print);
     }
   }
