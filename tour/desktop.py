@@ -45,14 +45,15 @@ def end_process(process: subprocess.Popen) -> None:
 
 
 class Display:
-    """A virtual X server (Xvfb) of 1280 x 1024 pixels."""
+    """A virtual X server (Xvfb) with a runtime folder for its programs, so that they leave no files."""
 
-    width = 1280
-    height = 1024
-
-    def __init__(self) -> None:
+    def __init__(self, width: int = 1280, height: int = 1024) -> None:
+        """In pixels."""
+        self.width = width
+        self.height = height
+        self._runtime = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
         answer, number = os.pipe()
-        size = f"{self.width}x{self.height}"
+        size = f"{width}x{height}"
         self._sizes = {size}
         self._server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(number), "-noreset", "-nolisten", "tcp", "-screen", "0", f"{size}x24"],
@@ -70,7 +71,7 @@ class Display:
 
     def variables(self) -> dict[str, str]:
         """The environment variables of a program on this display."""
-        return variables_without_display() | {"DISPLAY": self.name}
+        return variables_without_display() | {"DISPLAY": self.name, "XDG_RUNTIME_DIR": self._runtime.name}
 
     def run(self, *command: str) -> bytes:
         """Returns the standard output."""
@@ -106,6 +107,7 @@ class Display:
 
     def close(self) -> None:
         end_process(self._server)
+        self._runtime.cleanup()
 
 
 def variables_without_display() -> dict[str, str]:
@@ -127,10 +129,10 @@ def _read_first_line(pipe: int) -> str:
 class Program:
     """The process of the program under test."""
 
-    def __init__(self, path: Path, variables: dict[str, str], folder: Path | None = None):
+    def __init__(self, command: list[str], variables: dict[str, str], folder: Path | None = None):
         self._errors = tempfile.TemporaryFile()
         self._process = subprocess.Popen(
-            [str(path)],
+            command,
             cwd=folder,
             env=variables,
             stdin=subprocess.DEVNULL,
@@ -165,9 +167,15 @@ class DesktopEnvironment:
     """What runs on the display besides the program. This base class: nothing, not even a window manager."""
 
     panel_height = 0  # pixels, at the top edge of the display
+    display_size = (1280, 1024)  # pixels
+    frameless_scale = 1.0  # of the screens without a frame
 
     def __init__(self, display: Display):
         self.display = display
+
+    def command_of(self, path: Path) -> list[str]:
+        """The command line that starts the program."""
+        return [str(path)]
 
     def variables(self) -> dict[str, str]:
         """The environment variables of the program."""
@@ -191,18 +199,19 @@ class Desktop:
     def __init__(
         self,
         path: Path,
-        environment: Callable[[Display], DesktopEnvironment] = DesktopEnvironment,
+        environment: type[DesktopEnvironment] = DesktopEnvironment,
         folder: Path | None = None,
         variables: dict[str, str] | None = None,
     ):
         """`folder` is the working directory of the program, `variables` are additional environment variables."""
         self.path = path
-        self.display = Display()
+        self.display = Display(*environment.display_size)
         self._environment: DesktopEnvironment | None = None
         self._program: Program | None = None
         try:
             self._environment = environment(self.display)
-            self._program = Program(path, self._environment.variables() | (variables or {}), folder)
+            command = self._environment.command_of(path)
+            self._program = Program(command, self._environment.variables() | (variables or {}), folder)
         except BaseException:
             self.close()
             raise

@@ -25,27 +25,28 @@ class Layout(NamedTuple):
     title: Title | None
 
 
-def read_layouts(program: Path) -> dict[str, Layout]:
+def read_layouts(program: Path, frameless_scale: float = 1.0) -> dict[str, Layout]:
     """By the name of the screen. Runs the file that CHIFFROLO_SCENARIO names, or `scenario` beside the program."""
     player = os.environ.get("CHIFFROLO_SCENARIO", program.with_name("scenario"))
     commands = "".join(f"layout {screen}\n" for screen in SCREENS)
     output = subprocess.run([player], input=commands, stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
     rows = [shlex.split(line)[1:] for line in output.splitlines() if line.startswith("layout ")]
-    return {screen: _layout([row[1:] for row in rows if row[0] == screen]) for screen in SCREENS}
+    return {screen: _layout([row[1:] for row in rows if row[0] == screen], frameless_scale) for screen in SCREENS}
 
 
-def _layout(rows: list[list[str]]) -> Layout:
+def _layout(rows: list[list[str]], frameless_scale: float) -> Layout:
     """Each row is a kind, a name, and the properties of this kind."""
-    places = {name: _twips(*map(int, properties[:4]))
+    scale = frameless_scale if any(kind == "screen" and frame == "frameless" for kind, _, frame, *_ in rows) else 1.0
+    places = {name: _twips(scale, *map(int, properties[:4]))
               for kind, name, *properties in rows if kind not in ("screen", "timer")}
     titles = [Title(places[name], _colour(properties[8]), _colour(properties[9]))
               for kind, name, *properties in rows if kind == "label" and properties[11] == "thin"]
     return Layout(places, *titles or [None])
 
 
-def _twips(left: int, top: int, width: int, height: int) -> Area:
+def _twips(scale: float, left: int, top: int, width: int, height: int) -> Area:
     """Converts an area from twips (1/1440 inch) to pixels."""
-    return Area(*(round(edge / 15) for edge in (left, top, left + width, top + height)))
+    return Area(*(round(edge / 15 * scale) for edge in (left, top, left + width, top + height)))
 
 
 def _colour(text: str) -> Colour:

@@ -39,7 +39,7 @@ class Learner:
 
     def __init__(self, desktop: Desktop):
         self.desktop = desktop
-        self.layouts = read_layouts(desktop.path)
+        self.layouts = read_layouts(desktop.path, desktop.environment.frameless_scale)
 
     # ---- Screens ----------------------------------------------------------------------------------------
 

@@ -3,7 +3,8 @@
 """Plays through the screens of the program on a virtual display and saves a picture of each.
 
 Usage: tour.py PROGRAM FOLDER
-`scenario` must stand beside the program.
+A PROGRAM that ends in ".html" is the page for browsers, which Chromium shows.
+`scenario` must stand beside the program, or CHIFFROLO_SCENARIO must name it.
 """
 
 import signal
@@ -11,7 +12,8 @@ import subprocess
 import sys
 from pathlib import Path
 
-from desktop import Desktop, WaitFailed
+from desktop import Desktop, DesktopEnvironment, WaitFailed
+from kiosk import Kiosk
 from learner import Operation, Learner
 from screens import ContentArea
 from text_recognition import Unreadable
@@ -159,7 +161,7 @@ class Tour:
 def main(program: Path, folder: Path) -> int:
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that all processes are ended
     try:
-        with Desktop(program) as desktop:
+        with Desktop(program, Kiosk if program.suffix == ".html" else DesktopEnvironment) as desktop:
             return Tour(desktop, PictureFolder(folder)).play()
     except (WaitFailed, Unreadable) as reason:
         print(f"The tour failed: {reason}", file=sys.stderr)

@@ -15,7 +15,7 @@ SIGNS = {"plus": int.__add__, "moins": int.__sub__}
 
 listener = Listener()
 display = Display()
-program = Program(Path("/usr/bin/chiffrolo"), display.variables() | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
+program = Program(["/usr/bin/chiffrolo"], display.variables() | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
 try:
     listener.wait_for_screen("Accueil")
     listener.press_button("Accueil", "additions-soustractions")

@@ -14,7 +14,6 @@ from selenium.webdriver.chrome.service import Service
 SHIFT, CONTROL, ALT, META = 8, 2, 1, 4
 VIRTUAL_CODES = {"Backspace": 8, "Tab": 9, "Enter": 13, "Escape": 27, " ": 32, "ArrowLeft": 37, "ArrowUp": 38,
                  "ArrowRight": 39, "ArrowDown": 40}
-TEXTS = {"Enter": "\r"}
 
 
 def wait_for(condition: Callable[[], Any], what: str, seconds: float = 5) -> Any:
@@ -37,7 +36,8 @@ class Browser:
         for argument in "headless=new", "no-sandbox", "disable-gpu", f"user-data-dir={self.folder}/profile":
             options.add_argument(f"--{argument}")
         options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-        service = Service("/usr/bin/chromedriver", env={"TMPDIR": str(self.folder), "PATH": "/usr/bin:/bin"})
+        folder = str(self.folder)
+        service = Service("/usr/bin/chromedriver", env={"HOME": folder, "TMPDIR": folder, "PATH": "/usr/bin:/bin"})
         self.driver = webdriver.Chrome(service=service, options=options)
         self.scripts: list[str] = []
         return self
@@ -65,6 +65,8 @@ class Browser:
     def set_display(self, width: int, height: int, ratio: float = 1) -> None:
         self.command("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=ratio,
                      mobile=False)
+        # Without it, the page learns of the new ratio only when something else changes.
+        self.picture(0, 0, 1, 1)
 
     def run_first(self, *scripts: str) -> None:
         """Runs these scripts, and no earlier ones, before those of the pages that are opened from now on."""
@@ -80,9 +82,10 @@ class Browser:
         self.driver.switch_to.new_window("tab")
         self.scripts = []
 
-    def picture(self) -> str:
-        """What is visible, as the text of a PNG file."""
-        return self.command("Page.captureScreenshot")["data"]
+    def picture(self, left: float, top: float, width: float, height: float) -> str:
+        """What is visible in that part of the window, as the text of a PNG file."""
+        clip = {"x": left, "y": top, "width": width, "height": height, "scale": 1}
+        return self.command("Page.captureScreenshot", clip=clip)["data"]
 
     def names(self) -> list[tuple[str, str]]:
         """What a screen reader finds: roles and names in reading order."""
@@ -103,28 +106,29 @@ class Browser:
     # ---- Keyboard and mouse --------------------------------------------------------------------------
 
     def hold(self, key: str, code: str = "", modifiers: int = 0, repeated: bool = False) -> None:
-        virtual = VIRTUAL_CODES.get(key, ord(key.upper()) if len(key) == 1 else 0)
-        text = TEXTS.get(key, key if len(key) == 1 else "")
-        typed = {"text": text} if text and not modifiers & (CONTROL | ALT | META) else {}
-        self.command("Input.dispatchKeyEvent", type="keyDown" if typed else "rawKeyDown", key=key, code=code or key,
-                     modifiers=modifiers, windowsVirtualKeyCode=virtual, autoRepeat=repeated, **typed)
+        is_character = len(key) == 1 and not modifiers & (CONTROL | ALT | META)
+        text = "\r" if key == "Enter" else key if is_character else ""
+        self.send_key("keyDown", key, code, modifiers, autoRepeat=repeated, text=text)
 
     def release(self, key: str, code: str = "", modifiers: int = 0) -> None:
+        self.send_key("keyUp", key, code, modifiers)
+
+    def send_key(self, action: str, key: str, code: str, modifiers: int, **more: Any) -> None:
         virtual = VIRTUAL_CODES.get(key, ord(key.upper()) if len(key) == 1 else 0)
-        self.command("Input.dispatchKeyEvent", type="keyUp", key=key, code=code or key, modifiers=modifiers,
-                     windowsVirtualKeyCode=virtual)
+        self.command("Input.dispatchKeyEvent", type=action, key=key, code=code or key, modifiers=modifiers,
+                     windowsVirtualKeyCode=virtual, **more)
 
     def press(self, key: str, code: str = "", modifiers: int = 0) -> None:
         self.hold(key, code, modifiers)
         self.release(key, code, modifiers)
 
-    def mouse(self, action: str, selector: str, button: str = "left", **more: float) -> None:
-        """`action` is Pressed, Released or Wheel; in the middle of an element."""
-        x, y = self.evaluate(f"""(({{left, right, top, bottom}}) => [(left + right) / 2, (top + bottom) / 2])
-            (document.querySelector({selector!r}).getBoundingClientRect())""")
-        self.command("Input.dispatchMouseEvent", type=f"mouse{action}", x=x, y=y, button=button,
-                     clickCount=1, **more)
+    def mouse(self, action: str, target: str | list[float], button: str = "left", **more: float) -> list[float]:
+        """`action` is Pressed, Released or Wheel. At a point, or in the middle of an element; answers that point."""
+        x, y = point = target if isinstance(target, list) else self.evaluate(
+            f"""(({{ left, right, top, bottom }}) => [(left + right) / 2, (top + bottom) / 2])
+                (document.querySelector("{target}").getBoundingClientRect())""")
+        self.command("Input.dispatchMouseEvent", type=f"mouse{action}", x=x, y=y, button=button, clickCount=1, **more)
+        return point
 
     def click(self, selector: str, button: str = "left") -> None:
-        self.mouse("Pressed", selector, button)
-        self.mouse("Released", selector, button)
+        self.mouse("Released", self.mouse("Pressed", selector, button), button)

@@ -52,7 +52,7 @@ class DisplayFaults(WindowCase):
         self.assertIn("Chiffrolo\N{NO-BREAK SPACE}:", errors.splitlines()[-1])
 
     def start_without_display(self, **variables: str) -> Program:
-        program = Program(PROGRAM, variables_without_display() | variables, self.folder)
+        program = Program([str(PROGRAM)], variables_without_display() | variables, self.folder)
         self.addCleanup(program.close)
         return program
 

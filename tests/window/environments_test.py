@@ -8,7 +8,7 @@ import unittest
 from functools import partial
 
 from base_case import PROGRAM, WindowCase
-from desktop import Desktop, DesktopEnvironment, Display, wait_until
+from desktop import Desktop, DesktopEnvironment, wait_until
 from desktop_environments import HeadlessWeston, Metacity, Openbox, Weston, Xfwm4
 from learner import EXERCISES, read_line
 from picture import Area, Picture
@@ -69,7 +69,7 @@ class WithoutWindowManager(WindowCase):
         _, operation = self.learner.wait_for_operation("addition")
         first, rest = str(operation.result)[0], str(operation.result)[1:]
         line = f"{operation.left}{operation.sign}{operation.right}={first}?"
-        whole = Display.width, Display.height
+        whole = self.desktop.display.width, self.desktop.display.height
         self.desktop.press(first)
         before = self.wait_for_line(line, *whole)
         self.assertAlmostEqual(before.bounding_box(BLUE, LINE).left, LEFT_OF_LINE, delta=5)

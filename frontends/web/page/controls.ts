@@ -7,7 +7,7 @@ import arrowDrawing from "../../../assets/fleche.svg";
 import stop from "../../../assets/arret.png";
 import stopDrawing from "../../../assets/arret.svg";
 import farewell from "../../../assets/aurevoir.svg";
-import { captionFont, cssFont, lineHeight } from "./fonts";
+import { captionFont, captionLineHeight, cssFont } from "./fonts";
 import type { ControlLayout } from "./module";
 import { Area, css, pixelsPerTwip } from "./units";
 
@@ -80,7 +80,7 @@ export class Control {
     const room = { width: right - left - lost, height: bottom - top - lost };
     const fitting = captionFont(font, this.element.textContent ?? "", room);
     style.font = cssFont(fitting, scale);
-    style.lineHeight = `${lineHeight(fitting) * scale}px`;
+    style.lineHeight = `${captionLineHeight(fitting) * scale}px`;
   }
 
   #scalePicture(picture: HTMLImageElement, scale: number, pixelRatio: number): void {

@@ -79,6 +79,11 @@ export function textWidth(text: string, font: Font): number {
 
 export function lineHeight(font: Font): number { return faceOf(font).lineHeight * em(font); }
 
+/** Whole pixels above and below the baseline. */
+export function captionLineHeight(font: Font): number {
+  return Math.ceil(ascent(font)) + Math.ceil(lineHeight(font) - ascent(font));
+}
+
 /** From the top of a line to its baseline. */
 export function ascent(font: Font): number { return faceOf(font).ascent * em(font); }
 

@@ -3,6 +3,8 @@
 /** The browser's "back": on any screen but the home screen it closes that screen, because there is an entry of the
  * history for it; on the home screen it leaves the page. */
 export class HomeEntry {
+  /** A window that shows only the page has no button for it, and may close itself only while it has a single entry. */
+  readonly #isOffered = matchMedia("(display-mode: browser)").matches || history.length > 1;
   #isAway = false;
   #isGoingBack = false; // by this program; the event comes later
 
@@ -12,7 +14,7 @@ export class HomeEntry {
 
   /** Call it after each event. */
   follow(isAway: boolean): void {
-    this.#isAway = isAway;
+    this.#isAway = isAway && this.#isOffered;
     this.#correctEntry();
   }
 
