@@ -16,9 +16,9 @@ packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-
     libglib2.0-bin)
 packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-format-14 clang-tidy-14 cppcheck
     librsvg2-bin shellcheck pyflakes3 mypy)
-packages_for_web=(clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
-    libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli fonts-liberation2
-    fonts-kaushanscript)
+packages_for_web=(cmake ninja-build clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
+    libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli
+    fonts-liberation2 fonts-kaushanscript)
 packages_to_test_web=(chromium chromium-driver python3-selenium)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 

@@ -30,6 +30,7 @@ ROWS(Navigation, takeScreenChanges, {"escapeShowsGoodbye", "key Escape", "load A
      {"enterLeavesFin", LEVEL_PASSED "key Enter", "activate accueil"},
      {"escapeLeavesFin", LEVEL_PASSED "key Escape", "activate accueil"},
      {"arrowImageLeavesFin", LEVEL_PASSED "click flèche", "activate accueil"},
+     {"arrowImageLeavesResults", "click Commande4\nkey Escape\nclick flèche", "activate accueil, unload FIN2"},
      {"secondPassedLevelKeepsAdditionLoaded",
       LEVEL_PASSED "key Enter\nclick Commande1\nset score 10\nkey 1\nfront accueil\nfront addition",
       "activate addition, activate FIN"},
