@@ -18,7 +18,7 @@ struct AssignableVariable {
   int highest{SaturatingInt16::highest};
 };
 
-constexpr std::array assignableVariables{
+inline constexpr std::array assignableVariables{
     AssignableVariable{"couleur", &MODULE11::couleur, 15},
     AssignableVariable{"ligne", &MODULE11::ligne},
     AssignableVariable{"colonne", &MODULE11::colonne},
@@ -38,7 +38,7 @@ struct CounterArray {
   Counters MODULE11::*counters;
 };
 
-constexpr std::array counterArrays{
+inline constexpr std::array counterArrays{
     CounterArray{"reussies", &MODULE11::reussies},
     CounterArray{"effectuees", &MODULE11::effectuees},
 };

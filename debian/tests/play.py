@@ -1,5 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""Starts the installed program on a virtual display, answers one operation and leaves. Reads it like a screen reader."""
+"""Starts the installed program on a virtual display, answers one operation, and leaves.
+
+Reads what a screen reader reads.
+"""
 
 import re
 import sys
