@@ -40,11 +40,12 @@ async function start(): Promise<void> {
     say("Chiffrolo s’est arrêté à cause d’une erreur. Tu peux recommencer.");
   });
   region.hidden = false;
-  notice.remove(); // before the start, which may fail and put another notice in its place
   page.start();
+  if (!region.hidden) notice.remove(); // else the start has failed, and the notice says so
 }
 
 start().catch((error) => {
   console.error(error);
+  region.hidden = true;
   notice.className = ""; // its sentence says what to do
 });
