@@ -74,6 +74,7 @@ enum class Alignment : std::uint8_t { left, centred };
 enum class Border : std::uint8_t { none, thin };
 enum class Visibility : std::uint8_t { hidden, visible };
 enum class Switch : std::uint8_t { off, on };
+enum class Typing : std::uint8_t { none, answer };
 enum class Picture : std::uint8_t { none, arrow, stop, farewell };
 
 /// From the top left corner of the content area. Controls keep their positions when the window is larger.
@@ -117,6 +118,7 @@ struct ScreenLayout {
   Font font{};         ///< with which drawing begins; all drawn text has its weight
   Colour background{}; ///< of the drawing surface, until it is cleared to another colour
   std::span<const ControlLayout> controls;
+  Typing typing{Typing::none}; ///< `answer`: where there is no keyboard, the front end offers its keys
 };
 
 /// Across the boundary, a control is identified by its index in `ScreenLayout::controls`.

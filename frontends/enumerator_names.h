@@ -35,6 +35,9 @@ constexpr std::string_view nameOf(Visibility visible) {
 constexpr std::string_view nameOf(Switch state) {
   return nameIn(std::array<std::string_view, 2>{"off", "on"}, state);
 }
+constexpr std::string_view nameOf(Typing typing) {
+  return nameIn(std::array<std::string_view, 2>{"none", "answer"}, typing);
+}
 constexpr std::string_view nameOf(Picture picture) {
   return nameIn(std::array<std::string_view, 4>{"none", "arrow", "stop", "farewell"}, picture);
 }

@@ -154,10 +154,12 @@ using enum Frame;
 /// By `ScreenName`.
 constexpr std::array<ScreenLayout, screenCount> layouts{{
     {accueil, "accueil", "Accueil", frameless, timesBold(24), white, accueilControls},
-    {addition, "", "Additions et soustractions", toolWindow, timesBold(24), white, additionControls},
-    {multiplication, "", "Multiplications", toolWindow, timesBold(24), white, multiplicationControls},
-    {division, "", "Divisions", toolWindow, timesBold(24), white, divisionControls},
-    {record, "", "Record", toolWindow, timesBold(24), white, recordControls},
+    {addition, "", "Additions et soustractions", toolWindow, timesBold(24), white, additionControls,
+     Typing::answer},
+    {multiplication, "", "Multiplications", toolWindow, timesBold(24), white, multiplicationControls,
+     Typing::answer},
+    {division, "", "Divisions", toolWindow, timesBold(24), white, divisionControls, Typing::answer},
+    {record, "", "Record", toolWindow, timesBold(24), white, recordControls, Typing::answer},
     {FIN, "FIN", "Niveau réussi", frameless, timesBold(36), white, finControls},
     {FIN2, "FIN2", "Résultats", toolWindow, timesBold(36), white, fin2Controls},
     {Aurevoir, "", "Au revoir", toolWindow, {"Arial", 15.75F}, windowBackground, aurevoirControls},

@@ -64,7 +64,8 @@ std::string layoutJson(const ScreenLayout& layout) {
     rows += (rows.empty() ? "" : ",") + json(row);
   return "{" +
          members("caption", layout.caption, "accessibleName", layout.accessibleName, "frame", layout.frame,
-                 "font", layout.font, "background", colourNumber(layout.background)) +
+                 "font", layout.font, "background", colourNumber(layout.background), "typing",
+                 layout.typing) +
          ",\"controls\":[" + rows + "]}";
 }
 

@@ -44,6 +44,7 @@ export interface ScreenLayout {
   readonly font: Font;
   readonly background: Colour;
   readonly controls: readonly ControlLayout[];
+  readonly typing: "none" | "answer";
 }
 
 /** Two points: corners, the ends of a segment, or the centre and the radii of an ellipse. */

@@ -2,13 +2,15 @@
 
 /** Shows one game in the page, and reports to it what the learner does. */
 
+import { followFingers } from "./fingers";
 import { metrics } from "./fonts";
 import { HomeEntry } from "./home_entry";
+import { Keypad } from "./keypad";
 import { RepeatFilter, translateKey, zoomStep } from "./keys";
 import type { Game, Platform, Program, Screen } from "./module";
 import { Pressed, ScreenWindow } from "./screen_window";
-import { pixelsPerTwip, Size } from "./units";
-import { zoomed } from "./view";
+import { clamp, pixelsPerTwip, Size } from "./units";
+import { largestZoom, zoomed } from "./view";
 
 const paper: Size = { width: 1000, height: 640 }; // A4 in landscape, in CSS pixels, less its margins
 
@@ -18,6 +20,7 @@ export class Page implements Platform {
   readonly #windows = new Set<ScreenWindow>();
   readonly #repeats = new RepeatFilter<Screen>();
   readonly #homeEntry = new HomeEntry(() => this.#report((now) => this.#game.close(now)));
+  readonly #keypad = new Keypad((stroke) => this.#report((now) => this.#game.key(now, stroke.code, stroke.character)));
   #current: ScreenWindow | null = null;
   #pressed: Pressed | null = null; // by the pointer, on the current screen
   #alarm: number | undefined;
@@ -61,6 +64,7 @@ export class Page implements Platform {
     this.#current = shown;
     this.#pressed = null; // a click needs its press and its release on the same screen
     shown.element.hidden = false;
+    if (this.#keypad.offer(shown.takesAnswer)) this.#arrange();
     (shown.focused ?? this.region).focus({ preventScroll: true });
   }
 
@@ -73,15 +77,21 @@ export class Page implements Platform {
   // ---- What the learner does ---------------------------------------------------------------------------
 
   #listen(): void {
+    this.region.after(this.#keypad.element);
     document.addEventListener("keydown", (event) => this.#pressKey(event));
     document.addEventListener("keyup", (event) => this.#releaseKey(event));
     this.region.addEventListener("pointerdown", (event) => {
       this.#pressed = event.button === 0 ? this.#current?.pressedBy(event) ?? null : null;
     });
-    this.region.addEventListener("mousedown", (event) => {
-      const isButton = event.target instanceof Element && event.target.closest(".button") !== null;
+    document.addEventListener("pointerdown", ({ pointerType }) => {
+      if (pointerType === "touch" && this.#keypad.want(true)) this.#arrange();
+    });
+    document.addEventListener("mousedown", (event) => {
+      const isButton = event.target instanceof Element && event.target.closest(".button, #notice") !== null;
       if (!isButton) event.preventDefault(); // nothing else takes the focus
     });
+    document.addEventListener("contextmenu", (event) => event.preventDefault());
+    followFingers(this.region, (factor, at) => this.#pinch(factor, at), ({ x, y }) => this.#current?.panBy(x, y));
     this.region.addEventListener("click", (event) => this.#click(event));
     this.region.addEventListener("focusin", (event) => {
       if (event.target instanceof HTMLButtonElement) this.#current?.focus(event.target, this.#pressed === null);
@@ -110,6 +120,7 @@ export class Page implements Platform {
     const stroke = translateKey(event);
     const hasButtons = this.#current?.focused != null;
     if (!this.#repeats.press(event, screen)) return event.preventDefault();
+    if (stroke !== null && this.#keypad.want(false)) this.#arrange();
     if (stroke === null || (hasButtons && event.key === "Tab")) return;
     this.#report((now) => this.#game.key(now, stroke.code, stroke.character));
     // The focused button gets Enter and Space, if the screen has stayed.
@@ -139,6 +150,14 @@ export class Page implements Platform {
     this.#pressed = null;
     if (clicked === null || !counts) return;
     this.#report((now) => (clicked === "close" ? this.#game.close(now) : this.#game.click(now, clicked)));
+  }
+
+  #pinch(factor: number, at: { x: number; y: number }): void {
+    const before = this.#zoom;
+    this.#zoom = clamp(before * factor, 1, largestZoom);
+    this.#arrange();
+    const growth = this.#zoom / before - 1;
+    this.#current?.panBy(at.x * growth, at.y * growth);
   }
 
   #pan(event: WheelEvent): void {

@@ -74,6 +74,8 @@ export class ScreenWindow implements Window {
   /** The button that had the focus last, or the first one; null on a screen without buttons. */
   get focused(): HTMLElement | null { return this.#focused ?? this.buttons[0] ?? null; }
 
+  get takesAnswer(): boolean { return this.layout.typing === "answer"; }
+
   /** What of this screen an event hit; null for nothing that can be pressed. */
   pressedBy(event: Event): Pressed | null {
     const element = event.target instanceof Element ? event.target.closest("button") : null;

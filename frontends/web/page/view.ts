@@ -6,7 +6,8 @@
 import type { ZoomStep } from "./keys";
 import { Area, clamp, Size, united } from "./units";
 
-const levels = [1, 1.1, 1.25, 1.5, 1.75, 2, 2.5, 3];
+export const largestZoom = 3;
+const levels = [1, 1.1, 1.25, 1.5, 1.75, 2, 2.5, largestZoom];
 
 /** The zoom factor after a step. */
 export function zoomed(factor: number, step: ZoomStep): number {

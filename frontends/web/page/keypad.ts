@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+
+/** The keypad for fingers. Its keys give the program what the keys of a keyboard give. */
+
+import type { KeyStroke } from "./keys";
+
+const digits = [..."1234567890"].map((digit) => [digit, digit, { code: 0, character: digit.charCodeAt(0) }] as const);
+
+/** Caption, name for screen readers, and key. */
+const keys: readonly (readonly [string, string, KeyStroke])[] = [
+  ...digits,
+  ["⌫", "Effacer", { code: 0, character: 8 }],
+  ["✕", "Quitter", { code: 0, character: 27 }],
+  ["→", "Continuer", { code: 39, character: 0 }],
+  ["=", "Valider", { code: 0, character: 61 }],
+];
+const backspace = 8;
+
+// As a keyboard repeats, in milliseconds.
+const firstRepeat = 500;
+const nextRepeats = 60;
+
+export class Keypad {
+  readonly element = document.createElement("nav");
+  #isWanted = matchMedia("(pointer: coarse)").matches;
+  #isUseful = false;
+  #repeat: number | undefined;
+
+  constructor(private readonly press: (stroke: KeyStroke) => void) {
+    this.element.id = "keypad";
+    this.element.hidden = true;
+    this.element.setAttribute("aria-label", "Clavier");
+    this.element.append(...keys.map(([caption, name, stroke]) => this.#createKey(caption, name, stroke)));
+    for (const end of ["pointerup", "pointercancel", "pointerleave"])
+      this.element.addEventListener(end, () => this.#endRepeats());
+  }
+
+  /** The learner touches the page, or presses a key of a keyboard. True if the keypad appears or disappears. */
+  want(isWanted: boolean): boolean {
+    this.#isWanted = isWanted;
+    return this.#update();
+  }
+
+  /** On a screen that takes an answer. True if the keypad appears or disappears. */
+  offer(isUseful: boolean): boolean {
+    this.#isUseful = isUseful;
+    return this.#update();
+  }
+
+  #update(): boolean {
+    const wasHidden = this.element.hidden;
+    this.element.hidden = !(this.#isWanted && this.#isUseful);
+    document.body.classList.toggle("typing", !this.element.hidden);
+    if (this.element.hidden) this.#endRepeats();
+    return this.element.hidden !== wasHidden;
+  }
+
+  /** A finger presses it at once; a screen reader may only click it. */
+  #createKey(caption: string, name: string, stroke: KeyStroke): HTMLElement {
+    const key = Object.assign(document.createElement("button"), { textContent: caption });
+    let isPressed = false;
+    key.setAttribute("aria-label", name);
+    key.addEventListener("pointerdown", () => {
+      isPressed = true;
+      this.press(stroke);
+      if (stroke.character === backspace) this.#repeatSoon(stroke, firstRepeat);
+    });
+    key.addEventListener("click", () => {
+      if (!isPressed) this.press(stroke);
+      isPressed = false;
+    });
+    return key;
+  }
+
+  #repeatSoon(stroke: KeyStroke, delay: number): void {
+    this.#repeat = window.setTimeout(() => {
+      this.press(stroke);
+      this.#repeatSoon(stroke, nextRepeats);
+    }, delay);
+  }
+
+  #endRepeats(): void { window.clearTimeout(this.#repeat); }
+}
