@@ -46,7 +46,7 @@ CHIFFROLO_EXPORT("createGame") Game* createGame(page::GameNumber number) {
   return std::make_unique<Game>(number).release();
 }
 
-CHIFFROLO_EXPORT("destroyGame") void destroyGame(Game* game) { const std::unique_ptr<Game> owned{game}; }
+CHIFFROLO_EXPORT("destroyGame") void destroyGame(Game* game) { std::unique_ptr<Game>{game}.reset(); }
 
 /// Shows the home screen. Once, before any event.
 CHIFFROLO_EXPORT("start") void start(Game& game, double now) { at(game, now).program.start(); }
