@@ -18,7 +18,7 @@ packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-fo
     librsvg2-bin shellcheck pyflakes3 mypy)
 packages_for_web=(cmake ninja-build clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
     libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli
-    fonts-liberation2 fonts-kaushanscript)
+    fonts-liberation2 fonts-kaushanscript librsvg2-bin)
 packages_to_test_web=(chromium chromium-driver python3-selenium)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
@@ -246,22 +246,44 @@ bundle() {
         --outfile="$build/web/$2" "${@:3}"
 }
 
-# Makes build/web/chiffrolo.html and build/web/scenario.mjs. The oldest browsers are the first ones that have all that
+# draw_icon SOURCE SIDE RESULT: SIDE in pixels
+draw_icon() {
+    run_for_page rsvg-convert --width "$2" --height "$2" --output "$build/web/site/$3.png" "$root/assets/$1.svg"
+}
+
+# Makes build/web/site, the folder for web servers, of the page.
+make_site() {
+    local web=$build/web site=$build/web/site hash
+    rm -rf -- "$site"
+    mkdir -- "$site"
+    cp -- "$web/chiffrolo.html" "$site/index.html"
+    cp -- "$root/frontends/web/manifest.webmanifest" "$site"
+    draw_icon chiffrolo 192 icon-192
+    draw_icon chiffrolo 512 icon-512
+    draw_icon chiffrolo-decoupable 512 icon-maskable-512
+    hash=$(sha256sum <"$web/chiffrolo.html")
+    run_for_page tsc --project "$root/frontends/web/tsconfig.worker.json"
+    bundle service_worker.ts site/service-worker.js --format=iife "${browsers[@]}" \
+        --define:pageHash="\"${hash%% *}\""
+}
+
+# Makes build/web/chiffrolo.html, build/web/site and build/web/scenario.mjs. The oldest browsers are the first ones that have all that
 # the page needs.
 make_page() {
-    local web=$build/web
+    local web=$build/web browsers=(--target=chrome97,firefox113,safari16.4)
     print_line "Making the page"
     (cd "$root" && run_for_page cmake --preset web && run_for_page cmake --build --preset web)
     run_for_page /usr/bin/python3 -B "$root/packaging/web_fonts.py" "$web/fonts"
     gzip --best --no-name --stdout "$web/chiffrolo.wasm" >"$web/chiffrolo.wasm.gz"
     run_for_page tsc --project "$root/frontends/web"
     bundle page/page.css page.css
-    bundle page/main.ts page.js --format=iife --target=chrome97,firefox113,safari16.4 \
+    bundle page/main.ts page.js --format=iife "${browsers[@]}" \
         --loader:.gz=binary --loader:.woff2=binary --loader:.png=dataurl --loader:.svg=dataurl
     bundle scenario/main.ts scenario.mjs --format=esm --platform=node --target=node18
     run_for_page /usr/bin/python3 -B "$root/packaging/web_page.py" "$root/frontends/web/page/index.html" \
         "$web/page.css" "$web/page.js" "$root/assets/chiffrolo.svg" "$web/fonts/fonts_licence.txt" \
         "$web/chiffrolo.html"
+    make_site
 }
 
 # Tools that convert file names, as libarchive does, need UTF-8 for the accents in a path.

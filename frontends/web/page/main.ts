@@ -5,6 +5,7 @@
 import moduleBytes from "../../../build/web/chiffrolo.wasm.gz";
 import { loadFaces } from "./fonts";
 import { Program } from "./module";
+import { playOffline } from "./offline";
 import { Page } from "./page";
 
 const region = document.getElementById("game") as HTMLElement;
@@ -41,7 +42,9 @@ async function start(): Promise<void> {
   });
   region.hidden = false;
   page.start();
-  if (!region.hidden) notice.remove(); // else the start has failed, and the notice says so
+  if (region.hidden) return; // the start has failed, and the notice says so
+  notice.remove();
+  void playOffline();
 }
 
 start().catch((error) => {
