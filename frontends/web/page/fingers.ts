@@ -2,11 +2,14 @@
 
 /** Two fingers zoom, and move what is zoomed; so does one. */
 
-type Position = Readonly<Record<"x" | "y", number>>;
+export type Position = Readonly<Record<"x" | "y", number>>;
 
-/** `zoom` and `pan` get a factor and a point, and a way, in CSS pixels. */
-export function followFingers(region: HTMLElement, zoom: (factor: number, at: Position) => void,
-  pan: (way: Position) => void): void {
+/** What fingers do to what they hold: the factor by which two of them have spread, and where their middle was and is,
+ * in CSS pixels. */
+export type Hold = (factor: number, from: Position, to: Position) => void;
+
+/** `hold` is called when a finger comes or goes. What it returns is called when the fingers move. */
+export function followFingers(region: HTMLElement, hold: () => Hold): void {
   const fingers = new Map<number, Position>();
   const middle = (): Position => {
     const all = [...fingers.values()];
@@ -17,17 +20,19 @@ export function followFingers(region: HTMLElement, zoom: (factor: number, at: Po
     const [one, other] = [...fingers.values()];
     return one && other ? Math.hypot(one.x - other.x, one.y - other.y) : 0;
   };
-  region.addEventListener("pointerdown", ({ pointerId, pointerType, clientX, clientY }) => {
-    if (pointerType === "touch") fingers.set(pointerId, { x: clientX, y: clientY });
+  let [held, from, spreadBefore] = [hold(), middle(), 0];
+  const holdAgain = (): void => { [held, from, spreadBefore] = [hold(), middle(), spread()]; };
+  region.addEventListener("pointerdown", ({ pointerId, pointerType, isPrimary, clientX, clientY }) => {
+    if (pointerType !== "touch") return;
+    if (isPrimary) fingers.clear(); // no other finger is down
+    fingers.set(pointerId, { x: clientX, y: clientY });
+    holdAgain();
   });
   region.addEventListener("pointermove", ({ pointerId, clientX, clientY }) => {
     if (!fingers.has(pointerId)) return;
-    const [middleBefore, spreadBefore] = [middle(), spread()];
     fingers.set(pointerId, { x: clientX, y: clientY });
-    const at = middle();
-    pan({ x: middleBefore.x - at.x, y: middleBefore.y - at.y });
-    if (spreadBefore > 0) zoom(spread() / spreadBefore, at);
+    held(spreadBefore > 0 ? spread() / spreadBefore : 1, from, middle());
   });
   for (const end of ["pointerup", "pointercancel"] as const)
-    region.addEventListener(end, ({ pointerId }) => void fingers.delete(pointerId));
+    document.addEventListener(end, ({ pointerId }) => { if (fingers.delete(pointerId)) holdAgain(); });
 }

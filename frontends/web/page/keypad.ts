@@ -55,24 +55,27 @@ export class Keypad {
     return this.element.hidden !== wasHidden;
   }
 
-  /** A finger presses it at once; a screen reader may only click it. */
+  /** A finger presses it at once; a screen reader may only click it. A finger that was down before the key appeared
+   * clicks it too, and does not mean it. */
   #createKey(caption: string, name: string, stroke: KeyStroke): HTMLElement {
     const key = Object.assign(document.createElement("button"), { textContent: caption });
     let isPressed = false;
     key.setAttribute("aria-label", name);
-    key.addEventListener("pointerdown", () => {
+    key.addEventListener("pointerdown", ({ button }) => {
+      if (button !== 0) return;
       isPressed = true;
       this.press(stroke);
       if (stroke.character === backspace) this.#repeatSoon(stroke, firstRepeat);
     });
-    key.addEventListener("click", () => {
-      if (!isPressed) this.press(stroke);
+    key.addEventListener("click", ({ detail }) => {
+      if (!isPressed && detail === 0) this.press(stroke);
       isPressed = false;
     });
     return key;
   }
 
   #repeatSoon(stroke: KeyStroke, delay: number): void {
+    this.#endRepeats();
     this.#repeat = window.setTimeout(() => {
       this.press(stroke);
       this.#repeatSoon(stroke, nextRepeats);

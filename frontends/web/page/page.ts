@@ -2,7 +2,7 @@
 
 /** Shows one game in the page, and reports to it what the learner does. */
 
-import { followFingers } from "./fingers";
+import { followFingers, Hold } from "./fingers";
 import { metrics } from "./fonts";
 import { HomeEntry } from "./home_entry";
 import { Keypad } from "./keypad";
@@ -25,6 +25,7 @@ export class Page implements Platform {
   #pressed: Pressed | null = null; // by the pointer, on the current screen
   #alarm: number | undefined;
   #zoom = 1;
+  #isTouched = false; // by a finger, when the pointer was last pressed
   #isOver = false;
 
   /** `region` holds the screens, `announcer` is the live region. `left` is called when the learner has left the
@@ -83,15 +84,17 @@ export class Page implements Platform {
     this.region.addEventListener("pointerdown", (event) => {
       this.#pressed = event.button === 0 ? this.#current?.pressedBy(event) ?? null : null;
     });
-    document.addEventListener("pointerdown", ({ pointerType }) => {
-      if (pointerType === "touch" && this.#keypad.want(true)) this.#arrange();
+    document.addEventListener("pointerdown", ({ pointerType }) => { this.#isTouched = pointerType === "touch"; });
+    // After the region: under a finger that is down, nothing may move.
+    document.addEventListener("click", ({ detail }) => {
+      if (this.#isTouched && detail > 0 && this.#keypad.want(true)) this.#arrange();
     });
     document.addEventListener("mousedown", (event) => {
       const isButton = event.target instanceof Element && event.target.closest(".button, #notice") !== null;
       if (!isButton) event.preventDefault(); // nothing else takes the focus
     });
     document.addEventListener("contextmenu", (event) => event.preventDefault());
-    followFingers(this.region, (factor, at) => this.#pinch(factor, at), ({ x, y }) => this.#current?.panBy(x, y));
+    followFingers(this.region, () => this.#hold());
     this.region.addEventListener("click", (event) => this.#click(event));
     this.region.addEventListener("focusin", (event) => {
       if (event.target instanceof HTMLButtonElement) this.#current?.focus(event.target, this.#pressed === null);
@@ -152,12 +155,14 @@ export class Page implements Platform {
     this.#report((now) => (clicked === "close" ? this.#game.close(now) : this.#game.click(now, clicked)));
   }
 
-  #pinch(factor: number, at: { x: number; y: number }): void {
-    const before = this.#zoom;
-    this.#zoom = clamp(before * factor, 1, largestZoom);
-    this.#arrange();
-    const growth = this.#zoom / before - 1;
-    this.#current?.panBy(at.x * growth, at.y * growth);
+  /** What was between the fingers stays there. */
+  #hold(): Hold {
+    const [zoom, held] = [this.#zoom, this.#current?.hold()];
+    return (factor, from, to) => {
+      this.#zoom = clamp(zoom * factor, 1, largestZoom);
+      if (factor !== 1) this.#arrange();
+      held?.(this.#zoom / zoom, from, to);
+    };
   }
 
   #pan(event: WheelEvent): void {

@@ -4,6 +4,7 @@
 
 import { Control } from "./controls";
 import { DisplayList } from "./display_list";
+import type { Hold, Position } from "./fingers";
 import type { ControlIndex, ScreenLayout, Window } from "./module";
 import type { Page } from "./page";
 import { pixelsPerPoint, Size } from "./units";
@@ -133,6 +134,16 @@ export class ScreenWindow implements Window {
   panBy(x: number, y: number): void {
     this.#view.panBy(x, y);
     this.paint();
+  }
+
+  hold(): Hold {
+    const held = this.#view.hold();
+    const { left, top } = this.#shown.getBoundingClientRect();
+    const inView = ({ x, y }: Position): Position => ({ x: x - left, y: y - top });
+    return (factor, from, to) => {
+      held(factor, inView(from), inView(to));
+      this.paint();
+    };
   }
 
   /** For screen readers, in reading order. */

@@ -3,6 +3,7 @@
 /** Which part of a screen is shown, and at which scale. The minimum content area fills the room; zoomed in, the screen
  * may be larger than the room, which then shows a part of it and follows what is drawn and what gets the focus. */
 
+import type { Hold } from "./fingers";
 import type { ZoomStep } from "./keys";
 import { Area, clamp, Size, united } from "./units";
 
@@ -57,6 +58,15 @@ export class View {
   panBy(x: number, y: number): void {
     this.#revealed = null;
     this.panTo(this.left + x / this.scale, this.top + y / this.scale);
+  }
+
+  /** The fingers keep what they hold, after the zoom has grown by their factor. */
+  hold(): Hold {
+    const { left, top, scale } = this;
+    return (factor, from, to) => {
+      this.#revealed = null;
+      this.panTo(left + (from.x - to.x / factor) / scale, top + (from.y - to.y / factor) / scale);
+    };
   }
 
   panTo(left: number, top: number): void {
