@@ -235,6 +235,9 @@ make_package() {
 
 # ---- The page for browsers --------------------------------------------------------------------
 
+# The first ones that have all that the page needs.
+oldest_browsers=chrome97,firefox113,safari16.4
+
 # run_for_page COMMAND...
 run_for_page() {
     run_quietly "$build/web.log" "$@" || fail "Making the page failed."
@@ -263,21 +266,20 @@ make_site() {
     draw_icon chiffrolo-decoupable 512 icon-maskable-512
     hash=$(sha256sum <"$web/chiffrolo.html")
     run_for_page tsc --project "$root/frontends/web/tsconfig.worker.json"
-    bundle service_worker.ts site/service-worker.js --format=iife "${browsers[@]}" \
+    bundle service_worker.ts site/service-worker.js --format=iife --target="$oldest_browsers" \
         --define:pageHash="\"${hash%% *}\""
 }
 
-# Makes build/web/chiffrolo.html, build/web/site and build/web/scenario.mjs. The oldest browsers are the first ones that have all that
-# the page needs.
+# Makes build/web/chiffrolo.html, build/web/site and build/web/scenario.mjs.
 make_page() {
-    local web=$build/web browsers=(--target=chrome97,firefox113,safari16.4)
+    local web=$build/web
     print_line "Making the page"
     (cd "$root" && run_for_page cmake --preset web && run_for_page cmake --build --preset web)
     run_for_page /usr/bin/python3 -B "$root/packaging/web_fonts.py" "$web/fonts"
     gzip --best --no-name --stdout "$web/chiffrolo.wasm" >"$web/chiffrolo.wasm.gz"
     run_for_page tsc --project "$root/frontends/web"
     bundle page/page.css page.css
-    bundle page/main.ts page.js --format=iife "${browsers[@]}" \
+    bundle page/main.ts page.js --format=iife --target="$oldest_browsers" \
         --loader:.gz=binary --loader:.woff2=binary --loader:.png=dataurl --loader:.svg=dataurl
     bundle scenario/main.ts scenario.mjs --format=esm --platform=node --target=node18
     run_for_page /usr/bin/python3 -B "$root/packaging/web_page.py" "$root/frontends/web/page/index.html" \

@@ -31,8 +31,8 @@ async function downloadPage(address: string, cache: RequestCache): Promise<Respo
   return new Response(bytes, { headers: { "Content-Type": "text/html; charset=utf-8" } });
 }
 
-/** Everything or nothing is downloaded. The folder comes first, because the browser has just loaded the page from there,
- * and need not transfer it again; the second attempt goes past a server that takes an older file for an unchanged one. */
+/** Everything or nothing is downloaded. The folder comes first, because the browser has just loaded the page from it
+ * and need not transfer it again. The second attempt goes past a server that takes an older file for an unchanged one. */
 async function keepFiles(): Promise<void> {
   const contents = await Promise.all([downloadPage("./", "no-cache").catch(() => downloadPage(page, "reload")),
     ...others.map((file) => download(file, "no-cache"))]);
