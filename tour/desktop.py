@@ -169,6 +169,7 @@ class DesktopEnvironment:
     panel_height = 0  # pixels, at the top edge of the display
     display_size = (1280, 1024)  # pixels
     frameless_scale = 1.0  # of the screens without a frame
+    window_title = "Chiffrolo"
 
     def __init__(self, display: Display):
         self.display = display
@@ -181,9 +182,12 @@ class DesktopEnvironment:
         """The environment variables of the program."""
         return self.display.variables()
 
+    def program_started(self) -> None:
+        """Called once, when the program runs. Does what its window needs from the environment."""
+
     def program_has_focus(self) -> bool:
         focused = self.display.run("xdotool", "getwindowfocus", "getwindowname")
-        return focused.strip() == b"Chiffrolo"
+        return focused.decode().strip() == self.window_title
 
     def kill_display_server(self) -> None:
         """Simulates a crash of the X server or the compositor that shows the program."""
@@ -212,6 +216,7 @@ class Desktop:
             self._environment = environment(self.display)
             command = self._environment.command_of(path)
             self._program = Program(command, self._environment.variables() | (variables or {}), folder)
+            self._environment.program_started()
         except BaseException:
             self.close()
             raise

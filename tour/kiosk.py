@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Chromium, which fills a virtual display with the page."""
+"""The browsers that can fill a virtual display with the page, one for each engine."""
 
 import os
 import tempfile
@@ -13,21 +13,87 @@ class Kiosk(DesktopEnvironment):
     frame have the size as designed, and those without a frame are two pixels wider."""
 
     width, height = 898, 591
-    display_size = (width + 1, height + 1)  # Chromium makes a window that has the size of the display smaller
+    display_size = (width, height)
     frameless_scale = width / 896
+
+    browser: list[str] = []  # the start of its command line
+    own_variables: dict[str, str] = {}
 
     def __init__(self, display: Display):
         super().__init__(display)
         self._scratch = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
-
-    def command_of(self, path: Path) -> list[str]:
-        window = ["--window-position=0,0", f"--window-size={self.width},{self.height}"]
-        profile = ["--no-first-run", "--disable-background-networking", f"--user-data-dir={self._scratch.name}/profile"]
-        without_sandbox = ["--no-sandbox"] if os.geteuid() == 0 else []
-        return ["chromium", "--kiosk", f"--app={path.as_uri()}", *window, *profile, *without_sandbox]
+        self.home = Path(self._scratch.name)
 
     def variables(self) -> dict[str, str]:
-        return super().variables() | {"HOME": self._scratch.name, "TMPDIR": self._scratch.name}
+        """Without a session bus, which would start services that stay."""
+        folders = ("HOME", "TMPDIR", *(f"XDG_{kind}_HOME" for kind in ("CACHE", "CONFIG", "DATA", "STATE")))
+        private = dict.fromkeys(folders, str(self.home)) | {"DBUS_SESSION_BUS_ADDRESS": "disabled:"}
+        return super().variables() | private | self.own_variables
 
     def close(self) -> None:
         self._scratch.cleanup()
+
+
+class Chromium(Kiosk):
+    display_size = (Kiosk.width + 1, Kiosk.height + 1)  # it makes a window that has the size of the display smaller
+    # Whatever it wants from the network, it asks a proxy that does not exist.
+    browser = ["chromium", "--kiosk", "--no-first-run", "--disable-background-networking",
+               "--disable-component-update", "--proxy-server=127.0.0.1:9", "--host-resolver-rules=MAP * ~NOTFOUND"]
+
+    def command_of(self, path: Path) -> list[str]:
+        window = ["--window-position=0,0", f"--window-size={self.width},{self.height}"]
+        profile = [f"--user-data-dir={self.home}/profile"]
+        without_sandbox = ["--no-sandbox"] if os.geteuid() == 0 else []
+        return [*self.browser, *window, *profile, *without_sandbox, f"--app={path.as_uri()}"]
+
+
+class GtkBrowser(Kiosk):
+    """Without a window manager, GTK gives a window a size of its own, and no focus."""
+
+    own_variables = {"GDK_BACKEND": "x11", "NO_AT_BRIDGE": "1"}
+
+    def program_started(self) -> None:
+        """Waits until the window has the title of the page."""
+        size = ["windowsize", "--sync", str(self.width), str(self.height)]
+        self.display.run("xdotool", "search", "--sync", "--onlyvisible", "--name", "Chiffrolo", *size, "windowfocus")
+
+
+class Firefox(GtkBrowser):
+    window_title = "Chiffrolo — Mozilla Firefox"
+    browser = ["firefox-esr", "--no-remote", "--kiosk"]
+    preferences = {
+        # No pages, questions and notices of the first start.
+        "browser.aboutwelcome.enabled": "false",
+        "browser.shell.checkDefaultBrowser": "false",
+        "datareporting.policy.dataSubmissionEnabled": "false",
+        "termsofuse.bypassNotification": "true",
+        # Whatever it wants from the network, it asks a proxy that does not exist.
+        "network.proxy.type": "1",
+        "network.proxy.http": '"127.0.0.1"',
+        "network.proxy.http_port": "9",
+        "network.proxy.ssl": '"127.0.0.1"',
+        "network.proxy.ssl_port": "9",
+        "network.captive-portal-service.enabled": "false",
+        "network.connectivity-service.enabled": "false",
+        "network.dns.disabled": "true",
+    }
+
+    def command_of(self, path: Path) -> list[str]:
+        profile = self.home / "profile"
+        profile.mkdir()
+        lines = [f'user_pref("{name}", {value});\n' for name, value in self.preferences.items()]
+        (profile / "user.js").write_text("".join(lines), encoding="utf-8")
+        return [*self.browser, "--profile", str(profile), path.as_uri()]
+
+
+class WebKit(GtkBrowser):
+    """The browser that comes with the driver of WebKitGTK. It is not in the PATH."""
+
+    def command_of(self, path: Path) -> list[str]:
+        programs = sorted(Path("/usr/lib").glob("*/webkit2gtk-4.*/MiniBrowser"))
+        if not programs:
+            raise FileNotFoundError("MiniBrowser, of the package webkit2gtk-driver")
+        return [str(programs[-1]), "--full-screen", path.as_uri()]
+
+
+ENGINES: dict[str, type[Kiosk]] = {"chromium": Chromium, "firefox": Firefox, "webkit": WebKit}

@@ -13,7 +13,7 @@ import sys
 from pathlib import Path
 
 from desktop import Desktop, DesktopEnvironment, WaitFailed
-from kiosk import Kiosk
+from kiosk import Chromium
 from learner import Operation, Learner
 from screens import ContentArea
 from text_recognition import Unreadable
@@ -161,7 +161,7 @@ class Tour:
 def main(program: Path, folder: Path) -> int:
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that all processes are ended
     try:
-        with Desktop(program, Kiosk if program.suffix == ".html" else DesktopEnvironment) as desktop:
+        with Desktop(program, Chromium if program.suffix == ".html" else DesktopEnvironment) as desktop:
             return Tour(desktop, PictureFolder(folder)).play()
     except (WaitFailed, Unreadable) as reason:
         print(f"The tour failed: {reason}", file=sys.stderr)

@@ -117,6 +117,7 @@ class Keys(PageCase):
     # Key, code, modifiers, and what they add to the answer.
     others = [("1", "Digit5", 0, "1"), ("٤", "Digit3", 0, "3"), ("٣", "KeyA", 0, ""), ("!", "Digit1", SHIFT, ""),
               ("Delete", "NumpadDecimal", 0, ""), (")", "Minus", 0, ""), ("ArrowLeft", "", 0, ""), ("Tab", "", 0, ""),
+              ("Unidentified", "Numpad5", 0, "5"), ("Unidentified", "", 0, ""),
               ("Shift", "ShiftLeft", SHIFT, ""), ("a", "KeyQ", 0, ""),
               *((key, "Digit5", command, "") for key, command in product("5(", (CONTROL, ALT, META, CONTROL | ALT)))]
 

@@ -15,7 +15,7 @@ const namedKeys = new Map<string, KeyStroke>([
 ]);
 
 const modifiers = /^(Shift|Control|Alt|AltGraph|Meta|OS|CapsLock|NumLock|ScrollLock|Fn|FnLock|Super|Hyper|Symbol)/;
-const keysOfBrowser = /^(F\d+|Browser|Audio|Media|Launch|Process|Unidentified)/;
+const keysOfBrowser = /^(F\d+|Browser|Audio|Media|Launch|Process)/;
 const visibleCharacter = /^[^\p{C}\p{Nd}]$/u;
 
 /** AltGr may be reported as Control and Alt together. */
@@ -40,6 +40,7 @@ export function translateKey(event: KeyboardEvent): KeyStroke | null {
     return null;
   const digit = typedDigit(event);
   if (digit !== "") return { code: otherKey, character: digit.charCodeAt(0) };
+  if (event.key === "Unidentified") return null; // in Firefox also the 5 of the keypad without Num Lock, a digit
   const named = namedKeys.get(event.key);
   if (named) return named;
   const isCharacter = event.key.length === 1 && visibleCharacter.test(event.key);

@@ -1,0 +1,207 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""A learner plays the page in each engine, from a file, by real keys.
+
+CHIFFROLO_PICTURES names the folder that gets the pictures of a tour.
+"""
+
+import os
+import re
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tour"))
+
+import kiosk
+from desktop import Desktop
+from layouts import Layout
+from learner import Learner
+from picture import Area, Picture
+from screens import ContentArea
+from tour import OBJECTIVE, PictureFolder, Tour
+
+PAGE = Path(os.environ.get("CHIFFROLO_PAGE", ROOT / "build/web/chiffrolo.html")).absolute()
+os.environ.setdefault("CHIFFROLO_SCENARIO", str(ROOT / "build/scenario"))
+
+
+# ---- Tours ------------------------------------------------------------------------------------------
+
+
+class EngineTour(Tour):
+    """Also completes a level of each activity."""
+
+    def multiplications(self) -> None:
+        super().multiplications()
+        self.level("multiplication")
+
+    def divisions(self) -> None:
+        super().divisions()
+        self.level("division")
+
+    def level(self, screen: str) -> None:
+        self.learner.open(screen)
+        for _ in range(OBJECTIVE):
+            self.learner.answer_correctly(screen)
+            self.desktop.press("Right")
+        self.pictures.save(f"{screen}-felicitations", self.learner.wait_for_screen("FIN"))
+        self.learner.click_arrow("FIN")
+
+
+class TourThatStays(EngineTour):
+    """In a browser that lets no page close its window, the page offers to begin again."""
+
+    def goodbye(self) -> int:
+        self.learner.wait_for_screen("accueil")
+        self.desktop.press("Escape")
+        self.learner.click_arrow("Aurevoir")
+        farewell = self.learner.wait_for("the farewell", lambda content: not content.shows_arrow("Aurevoir"))
+        self.pictures.save("recommencer", farewell)
+        self.desktop.press("Return")
+        self.learner.wait_for_screen("accueil")
+        return 0
+
+
+class Play(unittest.TestCase):
+    def play(self, environment: type[kiosk.Kiosk], tour: type[Tour]) -> None:
+        folder = os.environ.get("CHIFFROLO_PICTURES") or self.enterContext(tempfile.TemporaryDirectory())
+        with Desktop(PAGE, environment) as desktop:
+            self.assertEqual(tour(desktop, PictureFolder(Path(folder))).play(), 0)
+
+
+class Firefox(Play):
+    def test_tour(self) -> None:
+        self.play(kiosk.Firefox, TourThatStays)
+
+
+class WebKit(Play):
+    def test_tour(self) -> None:
+        self.play(kiosk.WebKit, EngineTour)
+
+
+# ---- Places -----------------------------------------------------------------------------------------
+
+
+class Places(unittest.TestCase):
+    """The engines show frames, buttons, boxes and images at the same pixels, and captions at most 3 pixels apart: they
+    round the widths of characters and the baseline differently."""
+
+    most_apart = 3  # pixels
+    same = 48  # highest difference of a colour channel of one pixel, for the edges of round corners
+
+    def test_engines_agree(self) -> None:
+        shown = [self.contents(environment) for environment in kiosk.ENGINES.values()]
+        for name, first in shown[0].items():
+            for engine, contents in zip(list(kiosk.ENGINES)[1:], shown[1:]):
+                with self.subTest(screen=name, engine=engine):
+                    self.compare(contents[name], first, first.layouts[name])
+
+    def contents(self, environment: type[kiosk.Kiosk]) -> dict[str, ContentArea]:
+        with Desktop(PAGE, environment) as desktop:
+            learner = Learner(desktop)
+            home = learner.wait_for_start()
+            addition = learner.wait_for_operation("addition")[0] if learner.open("addition") else home
+            desktop.press("Escape")
+            learner.wait_for_screen("accueil")
+            desktop.press("Escape")
+            return {"accueil": home, "addition": addition, "Aurevoir": learner.wait_for_screen("Aurevoir")}
+
+    def compare(self, shown: ContentArea, expected: ContentArea, layout: Layout) -> None:
+        self.assertEqual((shown.left, shown.top), (expected.left, expected.top))
+        texts_only = [expected.on_display(layout.places[name]) for name in WITHOUT_EDGES if name in layout.places]
+        for control, area in layout.places.items():
+            on_display = expected.on_display(area)
+            inks = [ink(content.picture, on_display.grown(-TEXT_MARGIN)) for content in (shown, expected)]
+            self.assertEqual(inks[0] is None, inks[1] is None, control)
+            if inks[0] and inks[1]:
+                apart = max(abs(one - other) for one, other in zip(inks[0], inks[1]))
+                self.assertLessEqual(apart, self.most_apart, f"{control}: {inks}")
+            if control not in WITHOUT_EDGES:
+                different = [place for place in edge(on_display) if self.differ(shown, expected, place)
+                             and not any(contains(text, place) for text in texts_only)]
+                self.assertEqual(different, [], control)
+
+    def differ(self, shown: ContentArea, expected: ContentArea, place: tuple[int, int]) -> bool:
+        one, other = shown.picture.pixel(*place), expected.picture.pixel(*place)
+        return max(abs(a - b) for a, b in zip(one, other)) > self.same
+
+
+TEXT_MARGIN = 6  # pixels inside a control that its border and the focus ring may take
+INK = 100  # the highest channel of a dark pixel
+WITHOUT_EDGES = ("Etiquette1", "Label2", "mail")  # labels without a border, whose text touches the edge
+
+
+def edge(area: Area) -> list[tuple[int, int]]:
+    """The pixels of the outermost two rows and columns, and of those around."""
+    outer, inner = area.grown(2), area.grown(-2)
+    return [(x, y) for y in range(max(0, outer.top), outer.bottom) for x in range(max(0, outer.left), outer.right)
+            if not contains(inner, (x, y))]
+
+
+def contains(area: Area, place: tuple[int, int]) -> bool:
+    x, y = place
+    return area.left <= x < area.right and area.top <= y < area.bottom
+
+
+def ink(picture: Picture, area: Area) -> Area | None:
+    """The bounding box of dark pixels."""
+    dark = [(x, y) for y in range(area.top, area.bottom) for x in range(area.left, area.right)
+            if min(picture.pixel(x, y)) < INK]
+    if not dark:
+        return None
+    columns, rows = [x for x, _ in dark], [y for _, y in dark]
+    return Area(min(columns), min(rows), max(columns) + 1, max(rows) + 1)
+
+
+# ---- Trust ------------------------------------------------------------------------------------------
+
+TRACED = "connect,open,openat,creat,mkdir,mkdirat,rename,renameat,renameat2,unlink,unlinkat,rmdir,link,linkat"
+CHANGES = re.compile(r'\d+ +(?:open(?:at)?\([^"]*"([^"]*)".*O_(?:WRONLY|RDWR|CREAT)|'
+                     r'(?:creat|mkdir|rename|unlink|rmdir|link)\w*\([^"]*"([^"]*)").* = \d')
+# Chromium also asks the kernel for a route of IPv6, without a packet.
+CONNECTIONS = re.compile(r'connect\(\d+, \{sa_family=AF_INET,.*inet_addr\("(?!127\.)([^"]*)"')
+
+
+class Trust(unittest.TestCase):
+    """The page opens no dialog and no other window; with the browser around it, nothing is written outside the private
+    folders, and no connection leaves the machine."""
+
+    def test_chromium(self) -> None:
+        self.check(kiosk.Chromium)
+
+    def test_firefox(self) -> None:
+        self.check(kiosk.Firefox)
+
+    def test_webkit(self) -> None:
+        self.check(kiosk.WebKit)
+
+    def check(self, environment: type[kiosk.Kiosk]) -> None:
+        trace = Path(self.enterContext(tempfile.TemporaryDirectory())) / "trace"
+
+        class Traced(environment):  # type: ignore[misc, valid-type]
+            def command_of(self, path: Path) -> list[str]:
+                tracer = f"strace -D -f --seccomp-bpf -q -s 4096 -e signal=none -e trace={TRACED} -o".split()
+                return [*tracer, str(trace), *super().command_of(path)]
+
+        with Desktop(PAGE, Traced) as desktop:
+            learner = Learner(desktop)
+            learner.wait_for_start()
+            learner.open("addition")
+            learner.answer_correctly("addition")
+            variables = desktop.environment.variables()
+            titles = desktop.display.run("xdotool", "search", "--onlyvisible", "--name", ".", "getwindowname", "%@")
+        self.assertEqual(titles.decode().split("\n"), [environment.window_title, ""])
+        private = tuple(f"{variables[name]}/" for name in ("HOME", "XDG_RUNTIME_DIR"))
+        self.check_trace(trace.read_text(encoding="utf-8", errors="replace"), private)
+
+    def check_trace(self, trace: str, private: tuple[str, ...]) -> None:
+        changed = {found[1] or found[2] for found in CHANGES.finditer(trace)}
+        self.assertTrue(any(path.startswith(private) for path in changed))
+        self.assertEqual({path for path in changed if not path.startswith((*private, "/dev/", "/proc/"))}, set())
+        self.assertEqual({found[1] for found in CONNECTIONS.finditer(trace)}, set())
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,35 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""In each engine, digit keys type digits on the keyboard layouts of French-speaking countries, as on the desktop."""
+
+import os
+import sys
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / "tour"), str(ROOT / "tests/window")]
+
+import keyboards_test
+import kiosk
+
+os.environ.setdefault("CHIFFROLO_SCENARIO", str(ROOT / "build/scenario"))
+PAGE = Path(os.environ.get("CHIFFROLO_PAGE", ROOT / "build/web/chiffrolo.html")).absolute()
+
+
+class Chromium(keyboards_test.OnX11):
+    path = PAGE
+    environment: type[kiosk.Kiosk] = kiosk.Chromium
+
+
+class Firefox(Chromium):
+    environment = kiosk.Firefox
+
+
+class WebKit(Chromium):
+    environment = kiosk.WebKit
+    knows_alt_gr = False  # WebKitGTK does not report this modifier
+
+
+if __name__ == "__main__":
+    unittest.main()
