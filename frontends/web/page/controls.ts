@@ -7,7 +7,7 @@ import arrowDrawing from "../../../assets/fleche.svg";
 import stop from "../../../assets/arret.png";
 import stopDrawing from "../../../assets/arret.svg";
 import farewell from "../../../assets/aurevoir.svg";
-import { captionFont, captionLineHeight, cssFont } from "./fonts";
+import { captionFont, captionLineHeight, cssFont, enlargement } from "./fonts";
 import type { ControlLayout } from "./module";
 import { Area, css, pixelsPerTwip } from "./units";
 
@@ -56,10 +56,11 @@ export class Control {
     const { style } = this.element;
     style.left = `${edge(left)}px`;
     style.top = `${edge(top)}px`;
-    style.width = `${edge(right) - edge(left) + end}px`;
-    style.height = `${edge(bottom) - edge(top) + end}px`;
-    this.#colour(style, stroke);
-    if (this.row.caption !== "") this.#scaleText(style, scale);
+    const enlarged = this.row.caption === "" ? 1 : this.#scaleText(style, scale);
+    style.width = `${(edge(right) - edge(left) + end) * enlarged}px`;
+    style.height = `${(edge(bottom) - edge(top) + end) * enlarged}px`;
+    style.transform = enlarged === 1 ? "" : `scale(${1 / enlarged})`;
+    this.#colour(style, stroke * enlarged);
     if (this.#picture) this.#scalePicture(this.#picture, scale, pixelRatio);
   }
 
@@ -73,14 +74,17 @@ export class Control {
     style.textAlign = alignment === "centred" ? "center" : "left";
   }
 
-  #scaleText(style: CSSStyleDeclaration, scale: number): void {
+  /** How many times larger than it shall be the browser makes the text. */
+  #scaleText(style: CSSStyleDeclaration, scale: number): number {
     const { font, kind, border } = this.row;
     const { left, top, right, bottom } = this.area;
     const lost = kind === "button" ? roomForRing : border === "thin" ? 2 : 0;
     const room = { width: right - left - lost, height: bottom - top - lost };
     const fitting = captionFont(font, this.element.textContent ?? "", room);
     style.font = cssFont(fitting, scale);
-    style.lineHeight = `${captionLineHeight(fitting) * scale}px`;
+    const enlarged = enlargement(fitting, scale);
+    style.lineHeight = `${captionLineHeight(fitting) * scale * enlarged}px`;
+    return enlarged;
   }
 
   #scalePicture(picture: HTMLImageElement, scale: number, pixelRatio: number): void {

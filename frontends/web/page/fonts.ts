@@ -57,7 +57,24 @@ export async function loadFaces(): Promise<void> {
   await Promise.all([serif, sans, sansOfTitles, handwriting].map(async ({ family, weight, file }) => {
     document.fonts.add(await new FontFace(family, file, { weight }).load());
   }));
+  smallestSize = measuredSize();
 }
+
+/** In CSS pixels: browsers have a setting below which no text of the page is. */
+let smallestSize = 0;
+
+/** The size that a text of one pixel gets. */
+function measuredSize(): number {
+  const probe = Object.assign(document.createElement("span"), { textContent: "0".repeat(100) });
+  probe.style.cssText = `position: absolute; font: 1px "${sans.family}"; text-rendering: geometricPrecision`;
+  document.body.append(probe);
+  const { width } = probe.getBoundingClientRect();
+  probe.remove();
+  return width / (100 * sans.width("0"));
+}
+
+/** How many times larger the browser makes it. */
+export function enlargement(font: Font, scale: number): number { return Math.max(1, smallestSize / (em(font) * scale)); }
 
 /** For the canvas and the style sheet; `scale` is CSS pixels per pixel of the layout. */
 export function cssFont(font: Font, scale = 1): string {

@@ -27,7 +27,7 @@ function say(words: string): void {
   notice.replaceChildren(sentence, again);
   notice.className = "";
   region.hidden = true;
-  document.body.append(notice);
+  region.before(notice);
   again.focus();
 }
 

@@ -66,7 +66,7 @@ export class Page implements Platform {
     this.#pressed = null; // a click needs its press and its release on the same screen
     shown.element.hidden = false;
     if (this.#keypad.offer(shown.takesAnswer)) this.#arrange();
-    (shown.focused ?? this.region).focus({ preventScroll: true });
+    (shown.focused ?? shown.element).focus({ preventScroll: true });
   }
 
   remove(removed: ScreenWindow): void {

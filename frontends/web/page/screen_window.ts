@@ -158,7 +158,8 @@ export class ScreenWindow implements Window {
 
   #build(): void {
     const { frame, accessibleName, name, caption } = this.layout;
-    Object.assign(this.element, { className: frame, id: name, hidden: true });
+    Object.assign(this.element, { className: frame, id: name, hidden: true, tabIndex: -1 });
+    this.element.setAttribute("role", "application"); // screen readers leave it the keys when it gets the focus
     this.element.setAttribute("aria-label", accessibleName);
     this.#canvas.setAttribute("aria-hidden", "true");
     this.#shown.className = "view";
