@@ -159,8 +159,9 @@ export class Page implements Platform {
   #hold(): Hold {
     const [zoom, held] = [this.#zoom, this.#current?.hold()];
     return (factor, from, to) => {
+      const before = this.#zoom;
       this.#zoom = clamp(zoom * factor, 1, largestZoom);
-      if (factor !== 1) this.#arrange();
+      if (this.#zoom !== before) this.#arrange();
       held?.(this.#zoom / zoom, from, to);
     };
   }
