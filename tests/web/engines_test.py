@@ -6,7 +6,6 @@ CHIFFROLO_PICTURES names the folder that gets the pictures of a tour.
 """
 
 import os
-import re
 import sys
 import tempfile
 import unittest
@@ -153,54 +152,6 @@ def ink(picture: Picture, area: Area) -> Area | None:
         return None
     columns, rows = [x for x, _ in dark], [y for _, y in dark]
     return Area(min(columns), min(rows), max(columns) + 1, max(rows) + 1)
-
-
-# ---- Trust ------------------------------------------------------------------------------------------
-
-TRACED = "connect,open,openat,creat,mkdir,mkdirat,rename,renameat,renameat2,unlink,unlinkat,rmdir,link,linkat"
-CHANGES = re.compile(r'\d+ +(?:open(?:at)?\([^"]*"([^"]*)".*O_(?:WRONLY|RDWR|CREAT)|'
-                     r'(?:creat|mkdir|rename|unlink|rmdir|link)\w*\([^"]*"([^"]*)").* = \d')
-# Chromium also asks the kernel for a route of IPv6, without a packet.
-CONNECTIONS = re.compile(r'connect\(\d+, \{sa_family=AF_INET,.*inet_addr\("(?!127\.)([^"]*)"')
-
-
-class Trust(unittest.TestCase):
-    """The page opens no dialog and no other window; with the browser around it, nothing is written outside the private
-    folders, and no connection leaves the machine."""
-
-    def test_chromium(self) -> None:
-        self.check(kiosk.Chromium)
-
-    def test_firefox(self) -> None:
-        self.check(kiosk.Firefox)
-
-    def test_webkit(self) -> None:
-        self.check(kiosk.WebKit)
-
-    def check(self, environment: type[kiosk.Kiosk]) -> None:
-        trace = Path(self.enterContext(tempfile.TemporaryDirectory())) / "trace"
-
-        class Traced(environment):  # type: ignore[misc, valid-type]
-            def command_of(self, path: Path) -> list[str]:
-                tracer = f"strace -D -f --seccomp-bpf -q -s 4096 -e signal=none -e trace={TRACED} -o".split()
-                return [*tracer, str(trace), *super().command_of(path)]
-
-        with Desktop(PAGE, Traced) as desktop:
-            learner = Learner(desktop)
-            learner.wait_for_start()
-            learner.open("addition")
-            learner.answer_correctly("addition")
-            variables = desktop.environment.variables()
-            titles = desktop.display.run("xdotool", "search", "--onlyvisible", "--name", ".", "getwindowname", "%@")
-        self.assertEqual(titles.decode().split("\n"), [environment.window_title, ""])
-        private = tuple(f"{variables[name]}/" for name in ("HOME", "XDG_RUNTIME_DIR"))
-        self.check_trace(trace.read_text(encoding="utf-8", errors="replace"), private)
-
-    def check_trace(self, trace: str, private: tuple[str, ...]) -> None:
-        changed = {found[1] or found[2] for found in CHANGES.finditer(trace)}
-        self.assertTrue(any(path.startswith(private) for path in changed))
-        self.assertEqual({path for path in changed if not path.startswith((*private, "/dev/", "/proc/"))}, set())
-        self.assertEqual({found[1] for found in CONNECTIONS.finditer(trace)}, set())
 
 
 if __name__ == "__main__":
