@@ -94,9 +94,13 @@ def measure_start(table: Table, browser: Browser, page: Path) -> None:
     table.add_ratio("page: start to first picture, compared with a bare page", median(ours), median(bare), "ms", 2.5)
 
 
-def open_additions(browser: Browser, page: Path) -> None:
+def open_home(browser: Browser, page: Path) -> None:
     browser.open(page)
     wait_for(lambda: browser.evaluate("!document.getElementById('notice')"), "the home screen")
+
+
+def open_additions(browser: Browser, page: Path) -> None:
+    open_home(browser, page)
     browser.evaluate("document.querySelector('#accueil .button').click()")
 
 
@@ -128,10 +132,9 @@ def measure_memory(table: Table, browser: Browser, page: Path) -> None:
 
 def measure_idleness(table: Table, browser: Browser, page: Path) -> None:
     browser.run_first(COUNTER)
-    for screen, opening in ("accueil", ""), ("addition", "document.querySelector('#accueil .button').click()"):
-        browser.open(page)
-        wait_for(lambda: browser.evaluate("!document.getElementById('notice')"), "the home screen")
-        browser.evaluate(f"{opening}; alarms = 0")
+    for screen, open_screen in ("accueil", open_home), ("addition", open_additions):
+        open_screen(browser, page)
+        browser.evaluate("alarms = 0")
         time.sleep(IDLE_TIME)
         count = browser.evaluate("alarms")
         table.add_amount(f"page: timers and frames in {IDLE_TIME:.0f} idle seconds on {screen}", count, "", maximum=0)

@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2034 # the commands use the lists
 # SPDX-License-Identifier: MIT
 #
-# Common functions. The commands `run`, `test`, `bench/measure`, `packaging/check` and `packaging/package` source it.
+# Common functions. The commands `run`, `test`, `bench/measure` and the shell scripts beside this file source it.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." >/dev/null && pwd)
 build=$root/build

@@ -47,7 +47,8 @@ function(check file)
   message(FATAL_ERROR "${file} is in no room: see packaging/includes.cmake")
 endfunction()
 
-file(GLOB_RECURSE files RELATIVE ${ROOT} ${ROOT}/core/*.h ${ROOT}/core/*.cpp ${ROOT}/frontends/*.h ${ROOT}/frontends/*.cpp)
+file(GLOB_RECURSE files RELATIVE ${ROOT}
+  ${ROOT}/core/*.h ${ROOT}/core/*.cpp ${ROOT}/frontends/*.h ${ROOT}/frontends/*.cpp)
 foreach(file IN LISTS files)
   check(${file})
 endforeach()

@@ -17,8 +17,12 @@ def policy_hash(text: str) -> str:
     return "sha256-" + b64encode(sha256(text.encode()).digest()).decode()
 
 
+def stripped(file: str) -> str:
+    return Path(file).read_text(encoding="utf-8").strip()
+
+
 def main(template: str, style_file: str, script_file: str, icon: str, licence: str, page: str) -> None:
-    style, script, notice = (Path(file).read_text(encoding="utf-8").strip() for file in (style_file, script_file, licence))
+    style, script, notice = stripped(style_file), stripped(script_file), stripped(licence)
     if "</script" in script or "-->" in notice:
         sys.exit("The script or the licence would end its element or comment.")
     values = {

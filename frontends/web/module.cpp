@@ -53,11 +53,10 @@ CHIFFROLO_EXPORT("start") void start(Game& game, double now) { at(game, now).pro
 
 // ---- Events: as in platform.h, each at the instant `now` ------------------------------------------------
 
-/// `character` is the code point that the key types, 0 for none. 1 if another screen has become the active
-/// one.
-CHIFFROLO_EXPORT("key") int key(Game& game, double now, int code, char32_t character) {
+/// `character` is the code point that the key types, 0 for none.
+CHIFFROLO_EXPORT("key") void key(Game& game, double now, int code, char32_t character) {
   const auto typed = character == 0 ? std::nullopt : std::optional(character);
-  return static_cast<int>(at(game, now).program.key(code, typed) == Events::KeyUse::screenChanged);
+  at(game, now).program.key(code, typed);
 }
 
 CHIFFROLO_EXPORT("click") void click(Game& game, double now, ControlIndex control) {
@@ -81,10 +80,12 @@ CHIFFROLO_EXPORT("nextDue") double nextDue(const Game& game) {
   return due ? Milliseconds{due->time_since_epoch()}.count() : std::numeric_limits<double>::infinity();
 }
 
-// ---- Queries: each calls `answer` once ------------------------------------------------------------------
+// ---- Queries --------------------------------------------------------------------------------------------
 
 CHIFFROLO_EXPORT("minimumContentWidth") Twips minimumContentWidth() { return minimumContentArea.width; }
 CHIFFROLO_EXPORT("minimumContentHeight") Twips minimumContentHeight() { return minimumContentArea.height; }
+
+// "Answers" means: calls `answer` once.
 
 /// Answers the layout of a screen, loaded or not, in JSON.
 CHIFFROLO_EXPORT("queryLayout") void queryLayout(const Game& game, ScreenName screen) {

@@ -32,7 +32,8 @@ async function downloadPage(address: string, cache: RequestCache): Promise<Respo
 }
 
 /** Everything or nothing is downloaded. The folder comes first, because the browser has just loaded the page from it
- * and need not transfer it again. The second attempt goes past a server that takes an older file for an unchanged one. */
+ * and need not transfer it again. The second attempt bypasses what the browser keeps, for a server that takes an older
+ * file for an unchanged one. */
 async function keepFiles(): Promise<void> {
   const contents = await Promise.all([downloadPage("./", "no-cache").catch(() => downloadPage(page, "reload")),
     ...others.map((file) => download(file, "no-cache"))]);

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Chromium without a window, with raw keys and a mouse whose press and release are apart."""
 
+import os
 import shutil
 import tempfile
 import time
@@ -10,6 +11,10 @@ from typing import Any
 
 from selenium import webdriver
 from selenium.webdriver.chrome.service import Service
+
+ROOT = Path(__file__).resolve().parents[2]
+# From the variable CHIFFROLO_PAGE; by default, the file that packaging/web makes.
+PAGE = Path(os.environ.get("CHIFFROLO_PAGE", ROOT / "build/web/chiffrolo.html")).absolute()
 
 SHIFT, CONTROL, ALT, META = 8, 2, 1, 4
 VIRTUAL_CODES = {"Backspace": 8, "Tab": 9, "Enter": 13, "Escape": 27, " ": 32, "ArrowLeft": 37, "ArrowUp": 38,

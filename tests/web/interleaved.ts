@@ -8,7 +8,7 @@
 import { readFileSync } from "node:fs";
 import process from "node:process";
 
-import { Program } from "../../frontends/web/page/module";
+import { Module } from "../../frontends/web/page/module";
 import { startPlayer } from "../../frontends/web/scenario/direct";
 import { byteString, linesOf, ScenarioError } from "../../frontends/web/scenario/scenario";
 
@@ -18,8 +18,8 @@ class Session {
   message = "";
   readonly #player;
 
-  constructor(program: Program, private lines: readonly string[]) {
-    this.#player = startPlayer(program, (line) => this.transcript.push(line));
+  constructor(module: Module, private lines: readonly string[]) {
+    this.#player = startPlayer(module, (line) => this.transcript.push(line));
   }
 
   /** False if there is none. */
@@ -40,8 +40,8 @@ class Session {
 
 let input = "";
 for await (const chunk of process.stdin) input += byteString(chunk);
-const program = await Program.create(new WebAssembly.Module(readFileSync(process.argv[2] ?? "")));
+const module = await Module.create(new WebAssembly.Module(readFileSync(process.argv[2] ?? "")));
 const scenarios = JSON.parse(input) as readonly string[]; // in ASCII, as Python writes it
-const sessions = scenarios.map((scenario) => new Session(program, linesOf(scenario)));
+const sessions = scenarios.map((scenario) => new Session(module, linesOf(scenario)));
 for (let playing = sessions; playing.length > 0;) playing = playing.filter((session) => session.playNextLine());
 process.stdout.write(JSON.stringify(sessions.map(({ transcript, message }) => ({ transcript, message }))));

@@ -126,7 +126,7 @@ function press(element: HTMLElement): void {
   element.dispatchEvent(new MouseEvent("click", options));
 }
 
-/** Starting after the game has. `scenario` is a byte string. */
+/** From the home screen of the game that the page has started. `scenario` is a byte string. */
 window.playScenario = (scenario) => {
   const game = games[0] as Game;
   const player = new Player(game, new DomHands(game), transcript);

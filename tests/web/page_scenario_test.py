@@ -15,11 +15,9 @@ from pathlib import Path
 from random import Random
 
 import random_learner
-from browser import Browser, wait_for
+from browser import PAGE, ROOT, Browser, wait_for
 from random_learner import RandomLearner
 
-ROOT = Path(__file__).resolve().parents[2]
-PAGE = Path(os.environ["CHIFFROLO_PAGE"])
 SCENARIO = os.environ["CHIFFROLO_SCENARIO"]
 COUNT = int(os.environ.get("CHIFFROLO_RANDOM_SCENARIOS", "40"))
 

@@ -12,7 +12,7 @@ CONTROLS = "flèche arret titre Picture1 Minuterie absent Commande1 Commande2 Co
 HIGHEST = {
     "couleur": 15, "ligne": 32767, "colonne": 32767, "chrono": 32767, "score": 11, "essai": 5, "enAttente": 1,
     "nbOperations": 21, "resultat": 32767,
-}  # fmt: skip
+}
 OPERATORS = {"+": int.__add__, "-": int.__sub__, "x": int.__mul__, ":": int.__floordiv__}
 
 
@@ -86,4 +86,4 @@ class RandomLearner:
             f"rnd {random.random()} {random.choice(['0', '.5', '25e-2', random.random()])}",
             f"layout {random.choice(SCREENS)}",
             "close",
-        ])  # fmt: skip
+        ])

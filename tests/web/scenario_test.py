@@ -32,13 +32,13 @@ MALFORMED = [
     "wait 1\v", "wait 1\u00a0", "set score", "set score 1 2", "set score -1", "set score 32768", "set couleur 16",
     "set enAttente 2", "set touche 1", "set reussies 1 2 3", "set reussies 1 2 3 4 5", "set effectuees 0 0 0 32768",
     "set length 1", "set effectuees 0 zéro 99999 0", "front record\nwait 1\nrnd 0.1 0.2 3",
-]  # fmt: skip
+]
 # Each is played. Nothing is read after the end.
 UNUSUAL = [
     "", "\r", " \t\r ", "#", "#\udcff", "\tlayout\t \rFIN\r", "key \ufeff", "key \uffff", "key \ufffd", "key ~",
     "click \udcff", "click \ufeffCommande1", "click constructor", "rnd -0 -0.0 .5 0. 0e999 5E-1 4e-324 000.5",
     "wait -0", "wait 000086400000", "set ligne -0", "set reussies 00 1 2 32767", "close\njouer",
-]  # fmt: skip
+]
 # What the random scenarios print; about half of what they print at present.
 LEAST_COUNTS = {
     **{f"^activate {screen}$": least for screen, least in [
@@ -55,7 +55,7 @@ LEAST_COUNTS = {
     "^(addition|multiplication|division) timer Minuterie on": 100,
     r"^\w+ text \d{5}\.\d ": 10,  # at a place that was assigned
     "^state .* rnd=[1-9]": 100,
-}  # fmt: skip
+}
 LONG = b"layout accueil\nlayout division\n" * 3000
 
 
@@ -101,7 +101,7 @@ class ScenarioTest(unittest.TestCase):
         # The line is the last of the scenario or not.
         lines = [(line, 2) for line in MALFORMED] + [(line, 0) for line in UNUSUAL]
         scenarios = [f"layout FIN\n\n{line}{end}".encode(errors="surrogateescape")
-                     for line, _ in lines for end in ("", "\nstate\n")]  # fmt: skip
+                     for line, _ in lines for end in ("", "\nstate\n")]
         statuses = [status for _, status in lines for _ in range(2)]
         for scenario, status, web in zip(scenarios, statuses, played_interleaved(scenarios), strict=True):
             with self.subTest(scenario=scenario):

@@ -17,8 +17,8 @@ from http.server import SimpleHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
 from threading import Thread
 
-from browser import wait_for
-from page_test import PAGE, ROOT, answer, browser, press, screen, texts
+from browser import PAGE, ROOT, wait_for
+from page_test import answer, browser, press, screen, texts
 
 SITE = Path(os.environ.get("CHIFFROLO_SITE", ROOT / "build/web/site")).absolute()
 FOLDER = "/ecole/calcul/"

@@ -1,31 +1,24 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Plays the page in Chromium like a blind user.
+"""Plays the page in Chromium like a blind user."""
 
-The variable CHIFFROLO_PAGE is the file; by default, the one that packaging/web makes.
-"""
-
-import os
 import sys
 import unittest
 from collections.abc import Callable
-from pathlib import Path
 
-from browser import Browser, wait_for
+from browser import PAGE, ROOT, Browser, wait_for
 
-ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "tour"), str(ROOT / "tests/window")]
 
 from blind_learner import BlindLearner
 from learner import Operation
 
-PAGE = Path(os.environ.get("CHIFFROLO_PAGE", ROOT / "build/web/chiffrolo.html")).absolute()
 KEYS = {"Return": "Enter", "Right": "ArrowRight"}
 # Screen readers announce what is added to a live region.
 LISTEN = """window.heard = [];
     new MutationObserver((changes) => heard.push(...changes.flatMap((change) => [...change.addedNodes])
       .map((node) => node.textContent)))
-      .observe(document.querySelector("[aria-live]"), { childList: true, characterData: true, subtree: true })"""
+      .observe(document.querySelector("[aria-live=assertive]"), { childList: true })"""
 
 
 class PageReader:

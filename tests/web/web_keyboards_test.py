@@ -2,19 +2,15 @@
 # SPDX-License-Identifier: MIT
 """In each engine, digit keys type digits on the keyboard layouts of French-speaking countries, as on the desktop."""
 
-import os
 import sys
 import unittest
-from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
+from browser import PAGE, ROOT
+
 sys.path[:0] = [str(ROOT / "tour"), str(ROOT / "tests/window")]
 
 import keyboards_test
 import kiosk
-
-os.environ.setdefault("CHIFFROLO_SCENARIO", str(ROOT / "build/scenario"))
-PAGE = Path(os.environ.get("CHIFFROLO_PAGE", ROOT / "build/web/chiffrolo.html")).absolute()
 
 
 class Chromium(keyboards_test.OnX11):

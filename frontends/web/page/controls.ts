@@ -74,7 +74,7 @@ export class Control {
     style.textAlign = alignment === "centred" ? "center" : "left";
   }
 
-  /** How many times larger than it shall be the browser makes the text. */
+  /** Gives the text a font in which it fits, and returns its `enlargement`. */
   #scaleText(style: CSSStyleDeclaration, scale: number): number {
     const { font, kind, border } = this.row;
     const { left, top, right, bottom } = this.area;

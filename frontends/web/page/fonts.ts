@@ -73,8 +73,10 @@ function measuredSize(): number {
   return width / (100 * sans.width("0"));
 }
 
-/** How many times larger the browser makes it. */
-export function enlargement(font: Font, scale: number): number { return Math.max(1, smallestSize / (em(font) * scale)); }
+/** How many times larger than it shall be the browser makes a text. */
+export function enlargement(font: Font, scale: number): number {
+  return Math.max(1, smallestSize / (em(font) * scale));
+}
 
 /** For the canvas and the style sheet; `scale` is CSS pixels per pixel of the layout. */
 export function cssFont(font: Font, scale = 1): string {

@@ -4,17 +4,17 @@
 
 import type { KeyStroke } from "./keys";
 
+const backspace = 8;
 const digits = [..."1234567890"].map((digit) => [digit, digit, { code: 0, character: digit.charCodeAt(0) }] as const);
 
 /** Caption, name for screen readers, and key. */
 const keys: readonly (readonly [string, string, KeyStroke])[] = [
   ...digits,
-  ["⌫", "Effacer", { code: 0, character: 8 }],
+  ["⌫", "Effacer", { code: 0, character: backspace }],
   ["✕", "Quitter", { code: 0, character: 27 }],
   ["→", "Continuer", { code: 39, character: 0 }],
   ["=", "Valider", { code: 0, character: 61 }],
 ];
-const backspace = 8;
 
 // As a keyboard repeats, in milliseconds.
 const firstRepeat = 500;
@@ -55,21 +55,18 @@ export class Keypad {
     return this.element.hidden !== wasHidden;
   }
 
-  /** A finger presses it at once; a screen reader may only click it. A finger that was down before the key appeared
-   * clicks it too, and does not mean it. */
+  /** A finger presses it at once. `detail` is 0 for a click by a screen reader, which has no press; a finger that was
+   * down before the key appeared clicks it too, and does not mean it. */
   #createKey(caption: string, name: string, stroke: KeyStroke): HTMLElement {
     const key = Object.assign(document.createElement("button"), { textContent: caption });
-    let isPressed = false;
     key.setAttribute("aria-label", name);
     key.addEventListener("pointerdown", ({ button }) => {
       if (button !== 0) return;
-      isPressed = true;
       this.press(stroke);
       if (stroke.character === backspace) this.#repeatSoon(stroke, firstRepeat);
     });
     key.addEventListener("click", ({ detail }) => {
-      if (!isPressed && detail === 0) this.press(stroke);
-      isPressed = false;
+      if (detail === 0) this.press(stroke);
     });
     return key;
   }

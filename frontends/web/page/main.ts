@@ -4,7 +4,7 @@
 
 import moduleBytes from "../../../build/web/chiffrolo.wasm.gz";
 import { loadFaces } from "./fonts";
-import { Program } from "./module";
+import { Module } from "./module";
 import { playOffline } from "./offline";
 import { Page } from "./page";
 
@@ -12,9 +12,9 @@ const region = document.getElementById("game") as HTMLElement;
 const announcer = document.getElementById("announcer") as HTMLElement;
 const notice = document.getElementById("notice") as HTMLElement;
 
-async function compileModule(): Promise<Program> {
+async function loadModule(): Promise<Module> {
   const unpacked = new Blob([moduleBytes]).stream().pipeThrough(new DecompressionStream("gzip"));
-  return Program.create(await WebAssembly.compile(await new Response(unpacked).arrayBuffer()));
+  return Module.create(await WebAssembly.compile(await new Response(unpacked).arrayBuffer()));
 }
 
 /** In place of the game. */
@@ -32,8 +32,8 @@ function say(words: string): void {
 }
 
 async function start(): Promise<void> {
-  const [program] = await Promise.all([compileModule(), loadFaces()]);
-  const page = new Page(program, region, announcer, () => {
+  const [module] = await Promise.all([loadModule(), loadFaces()]);
+  const page = new Page(module, region, announcer, () => {
     say("Au revoir");
     window.close(); // allowed for a window that a script opened or that has a single entry in its history
   }, (error) => {

@@ -3,6 +3,7 @@
 /** The program as the page sees it: typed functions around the WebAssembly module. Units are those of
  * page_functions.h and module.cpp. */
 
+/** In the order of `ScreenName` in platform.h. */
 export const screenNames = [
   "accueil", "addition", "multiplication", "division", "record", "FIN", "FIN2", "Aurevoir",
 ] as const;
@@ -94,20 +95,20 @@ export type PageFunctions = Record<string, (...values: never[]) => number | bigi
 type Exports = { readonly memory: WebAssembly.Memory } &
   Readonly<Record<"_initialize" | "createGame" | GameFunction, (...values: number[]) => number>>;
 
-/** An instance of the module. It holds any number of games, which are independent of each other. */
-export class Program {
+/** The module in memory. It holds any number of games, which are independent of each other. */
+export class Module {
   readonly #games: Game[] = [];
   #exports!: Exports;
 
   private constructor() {}
 
-  static async create(module: WebAssembly.Module): Promise<Program> {
-    const program = new Program();
-    const memory = (): WebAssembly.Memory => program.#exports.memory;
-    const instance = await WebAssembly.instantiate(module, { page: pageFunctions(program.#games, memory) });
-    program.#exports = instance.exports as Exports;
-    program.#exports._initialize();
-    return program;
+  static async create(compiled: WebAssembly.Module): Promise<Module> {
+    const module = new Module();
+    const memory = (): WebAssembly.Memory => module.#exports.memory;
+    const instance = await WebAssembly.instantiate(compiled, { page: pageFunctions(module.#games, memory) });
+    module.#exports = instance.exports as Exports;
+    module.#exports._initialize();
+    return module;
   }
 
   /** Creates a game; `Game.start` shows its first screen. */
@@ -127,7 +128,7 @@ export class Game {
   readonly windows: Window[] = []; // by screen; those of unloaded screens are destroyed
   answer = ""; // to the query that runs
 
-  /** Only `Program` creates games. */
+  /** Only `Module` creates games. */
   constructor(readonly platform: Platform, readonly call: (name: GameFunction, ...values: number[]) => number) {}
 
   start(now: number): void { this.call("start", now); }

@@ -7,7 +7,7 @@ import { metrics } from "./fonts";
 import { HomeEntry } from "./home_entry";
 import { Keypad } from "./keypad";
 import { RepeatFilter, translateKey, zoomStep } from "./keys";
-import type { Game, Platform, Program, Screen } from "./module";
+import type { Game, Module, Platform, Screen } from "./module";
 import { Pressed, ScreenWindow } from "./screen_window";
 import { clamp, pixelsPerTwip, Size } from "./units";
 import { largestZoom, zoomed } from "./view";
@@ -30,16 +30,15 @@ export class Page implements Platform {
 
   /** `region` holds the screens, `announcer` is the live region. `left` is called when the learner has left the
    * program, `failed` when the game cannot go on. */
-  constructor(program: Program, private readonly region: HTMLElement, private readonly announcer: HTMLElement,
+  constructor(module: Module, private readonly region: HTMLElement, private readonly announcer: HTMLElement,
     private readonly left: () => void, private readonly failed: (error: unknown) => void) {
-    this.#game = program.createGame(this);
+    this.#game = module.createGame(this);
   }
 
   /** Shows the home screen. */
   start(): void {
     this.#listen();
     this.#report((now) => this.#game.start(now));
-    this.#game.takeAnnouncement(); // screen readers announce a new page themselves
   }
 
   // ---- What the program does ---------------------------------------------------------------------------

@@ -33,7 +33,7 @@ export class View {
   #revealed: Area | null = null; // the area that was last made visible
 
   /** In pixels of the layout. */
-  constructor(readonly minimum: Size) {}
+  constructor(private readonly minimum: Size) {}
 
   /** CSS pixels per pixel of the layout. */
   get scale(): number { return this.#fitScale * this.#zoom; }
@@ -45,19 +45,19 @@ export class View {
   arrange(room: Size, zoom: number): void {
     this.#room = { width: Math.max(1, room.width), height: Math.max(1, room.height) };
     this.#zoom = zoom;
-    this.panTo(this.left, this.top);
+    this.#panTo(this.left, this.top);
     if (this.#revealed) this.reveal(this.#revealed);
   }
 
   goToTopLeft(): void {
     this.#revealed = null;
-    this.panTo(0, 0);
+    this.#panTo(0, 0);
   }
 
   /** By CSS pixels, as the learner asks for. */
   panBy(x: number, y: number): void {
     this.#revealed = null;
-    this.panTo(this.left + x / this.scale, this.top + y / this.scale);
+    this.#panTo(this.left + x / this.scale, this.top + y / this.scale);
   }
 
   /** The fingers keep what they hold, after the zoom has grown by their factor. */
@@ -65,11 +65,11 @@ export class View {
     const { left, top, scale } = this;
     return (factor, from, to) => {
       this.#revealed = null;
-      this.panTo(left + (from.x - to.x / factor) / scale, top + (from.y - to.y / factor) / scale);
+      this.#panTo(left + (from.x - to.x / factor) / scale, top + (from.y - to.y / factor) / scale);
     };
   }
 
-  panTo(left: number, top: number): void {
+  #panTo(left: number, top: number): void {
     const shown = this.#shown;
     this.left = clamp(left, 0, Math.max(0, this.minimum.width - shown.width));
     this.top = clamp(top, 0, Math.max(0, this.minimum.height - shown.height));
@@ -79,7 +79,7 @@ export class View {
     const margin = 8;
     const shown = this.#shown;
     this.#revealed = area;
-    this.panTo(startToShow(area.left - margin, area.right + margin, this.left, shown.width),
+    this.#panTo(startToShow(area.left - margin, area.right + margin, this.left, shown.width),
       startToShow(area.top - margin, area.bottom + margin, this.top, shown.height));
   }
 

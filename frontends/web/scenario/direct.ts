@@ -2,7 +2,7 @@
 
 /** Plays without a page: events go directly to the game, and the clock stands still except while the player waits. */
 
-import { ControlIndex, Game, Program, Screen } from "../page/module";
+import { ControlIndex, Game, Module, Screen } from "../page/module";
 import { Hands, Player } from "./player";
 import { Key } from "./scenario";
 import { Transcript } from "./transcript";
@@ -31,9 +31,9 @@ class DirectHands implements Hands {
 }
 
 /** Starts a game of its own. `print` receives the transcript line by line. */
-export function startPlayer(program: Program, print: (line: string) => void): Player {
+export function startPlayer(module: Module, print: (line: string) => void): Player {
   const transcript = new Transcript(print);
-  const game = program.createGame(transcript);
+  const game = module.createGame(transcript);
   transcript.readLayouts(game);
   game.start(0);
   return new Player(game, new DirectHands(game), transcript);

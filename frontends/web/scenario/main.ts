@@ -6,7 +6,7 @@
 import { readFileSync } from "node:fs";
 import process from "node:process";
 
-import { Program } from "../page/module";
+import { Module } from "../page/module";
 import { startPlayer } from "./direct";
 import { byteString, bytesOf, linesOf, ScenarioError } from "./scenario";
 
@@ -31,8 +31,8 @@ process.stdout.on("error", (error) => {
 let scenario = "";
 for await (const chunk of process.stdin) scenario += byteString(chunk);
 try {
-  const module = new WebAssembly.Module(readFileSync(new URL("chiffrolo.wasm", import.meta.url)));
-  const player = startPlayer(await Program.create(module), print);
+  const compiled = new WebAssembly.Module(readFileSync(new URL("chiffrolo.wasm", import.meta.url)));
+  const player = startPlayer(await Module.create(compiled), print);
   for (const line of linesOf(scenario)) player.play(line);
 } catch (error) {
   if (!(error instanceof ScenarioError)) throw error;

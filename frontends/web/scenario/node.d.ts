@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-/** What is used of node. */
+/** What is used of Node.js. */
 
 declare module "node:fs" {
   export function readFileSync(path: string | URL): Uint8Array;
