@@ -2,10 +2,12 @@
 """The browsers that can fill a virtual display with the page, one for each engine."""
 
 import os
+import subprocess
 import tempfile
+from contextlib import suppress
 from pathlib import Path
 
-from desktop import DesktopEnvironment, Display
+from desktop import DesktopEnvironment, Display, wait_until
 
 
 class Kiosk(DesktopEnvironment):
@@ -54,8 +56,15 @@ class GtkBrowser(Kiosk):
 
     def program_started(self) -> None:
         """Waits until the window has the title of the page."""
+        wait_until("the browser has the size and the focus", self._takes_size_and_focus)
+
+    def _takes_size_and_focus(self) -> bool:
+        """False if another window of the browser is closed during the search."""
         size = ["windowsize", "--sync", str(self.width), str(self.height)]
-        self.display.run("xdotool", "search", "--sync", "--onlyvisible", "--name", "Chiffrolo", *size, "windowfocus")
+        with suppress(subprocess.CalledProcessError):
+            self.display.run("xdotool", "search", "--onlyvisible", "--name", "Chiffrolo", *size, "windowfocus")
+            return True
+        return False
 
 
 class Firefox(GtkBrowser):
