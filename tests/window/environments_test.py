@@ -118,8 +118,8 @@ class OnWayland(WithoutWindowManager):
 
 class OnWaylandWithoutScreen(WindowCase):
     def test_runs_until_sigterm(self) -> None:
-        """Waits for requests in the Wayland log on standard error. Lines of this log begin with a timestamp and end with
-        a parenthesis; two threads may write into one line."""
+        """Waits for requests in the Wayland log on standard error. Lines of this log begin with a timestamp and end
+        with a parenthesis; two threads may write into one line."""
         with Desktop(PROGRAM, HeadlessWeston, variables={"WAYLAND_DEBUG": "client"}) as desktop:
             for request in ("set_maximized", ".attach(wl_buffer"):
                 wait_until(request, lambda: request in desktop.program.error_output())
