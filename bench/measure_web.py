@@ -56,6 +56,18 @@ PRESS_KEYS = """
 })()
 """
 
+# Presses two keys of the keypad for fingers in turn, and returns the middle time for one, in milliseconds.
+PRESS_KEYPAD = """
+Array.from({ length: 200 }, (_, index) => {
+  const key = document.querySelectorAll("#keypad button")[index % 2 * 10]; // 1 and Backspace
+  const before = performance.now();
+  key.dispatchEvent(new PointerEvent("pointerdown", { bubbles: true }));
+  const time = performance.now() - before;
+  key.dispatchEvent(new PointerEvent("pointerup", { bubbles: true }));
+  return time;
+}).sort((one, other) => one - other)[100]
+"""
+
 
 def measure_sizes(table: Table, page: Path) -> None:
     text = page.read_text(encoding="utf-8")
@@ -109,6 +121,8 @@ def measure_keys(table: Table, browser: Browser, page: Path) -> None:
     middle, slow = browser.evaluate(PRESS_KEYS % KEYS)
     table.add_time("page: key event to drawn, median", middle, maximum=1)
     table.add_time("page: key event to drawn, 99 %", slow, maximum=4)
+    open_additions(browser, page)
+    table.add_time("page: finger on the keypad to drawn digit, median", browser.evaluate(PRESS_KEYPAD), maximum=1)
 
 
 def memory(browser: Browser) -> tuple[int, int]:

@@ -37,7 +37,7 @@ class Kiosk(DesktopEnvironment):
 
 
 class Chromium(Kiosk):
-    display_size = (Kiosk.width + 1, Kiosk.height + 1)  # it makes a window that has the size of the display smaller
+    display_size = (Kiosk.width + 1, Kiosk.height + 1)  # version 156 makes a window of the size of the display smaller
     # Whatever it wants from the network, it asks a proxy that does not exist.
     browser = ["chromium", "--kiosk", "--no-first-run", "--disable-background-networking",
                "--disable-component-update", "--proxy-server=127.0.0.1:9", "--host-resolver-rules=MAP * ~NOTFOUND"]

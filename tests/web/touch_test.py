@@ -30,13 +30,6 @@ TARGETS = """[...document.querySelectorAll("section:not([hidden]) button:not([hi
   for (let right = 2 - west; right < east - 2; right += 2)
     for (let down = 2 - north; down < south - 2; down += 2) isFull &&= isHit(right, down);
   return [button.ariaLabel ?? button.textContent, west + east, north + south, isFull]; })"""
-# Milliseconds from the press of a key to the digit on the canvas: the middle one of 200.
-DELAY = """Array.from({ length: 200 }, (_, index) => {
-  const key = document.querySelectorAll("#keypad button")[index % 2 * 10], before = performance.now();
-  key.dispatchEvent(new PointerEvent("pointerdown", { bubbles: true }));
-  const delay = performance.now() - before;
-  key.dispatchEvent(new PointerEvent("pointerup", { bubbles: true }));
-  return delay; }).sort((one, other) => one - other)[100]"""
 
 
 def touch(action: str, *points: list[float]) -> None:
@@ -212,11 +205,6 @@ class Keypad(TouchCase):
                     runs[-1].append((screen(), texts()))
             self.assertRegex(str(runs[0]), "Score égale 1.*FAUX")
             self.assertEqual(runs[0], runs[1])
-
-    def test_delay(self) -> None:
-        delay = browser.evaluate(DELAY)
-        print(f"from a key to the digit: {delay:.2f} ms")
-        self.assertLess(delay, 20)
 
 
 class Zoom(TouchCase):

@@ -24,7 +24,7 @@ class Firefox(Chromium):
 
 class WebKit(Chromium):
     environment = kiosk.WebKit
-    knows_alt_gr = False  # WebKitGTK does not report this modifier
+    knows_alt_gr = False  # WebKitGTK 2.50 does not report this modifier
 
 
 if __name__ == "__main__":

@@ -40,7 +40,7 @@ export function translateKey(event: KeyboardEvent): KeyStroke | null {
     return null;
   const digit = typedDigit(event);
   if (digit !== "") return { code: otherKey, character: digit.charCodeAt(0) };
-  if (event.key === "Unidentified") return null; // in Firefox also the 5 of the keypad without Num Lock, a digit
+  if (event.key === "Unidentified") return null; // Firefox 153 also so names the 5 of the keypad without Num Lock
   const named = namedKeys.get(event.key);
   if (named) return named;
   const isCharacter = event.key.length === 1 && visibleCharacter.test(event.key);

@@ -37,7 +37,9 @@ export class Page implements Platform {
 
   /** Shows the home screen. */
   start(): void {
-    this.#listen();
+    this.region.after(this.#keypad.element);
+    this.#listenToLearner();
+    this.#listenToBrowser();
     this.#report((now) => this.#game.start(now));
   }
 
@@ -76,8 +78,7 @@ export class Page implements Platform {
 
   // ---- What the learner does ---------------------------------------------------------------------------
 
-  #listen(): void {
-    this.region.after(this.#keypad.element);
+  #listenToLearner(): void {
     document.addEventListener("keydown", (event) => this.#pressKey(event));
     document.addEventListener("keyup", (event) => this.#releaseKey(event));
     this.region.addEventListener("pointerdown", (event) => {
@@ -99,6 +100,9 @@ export class Page implements Platform {
       if (event.target instanceof HTMLButtonElement) this.#current?.focus(event.target, this.#pressed === null);
     });
     this.region.addEventListener("wheel", (event) => this.#pan(event), { passive: true });
+  }
+
+  #listenToBrowser(): void {
     document.addEventListener("visibilitychange", () => this.#report(() => {}));
     window.addEventListener("beforeunload", (event) => {
       if (this.#game.active === "record" && !this.#isOver) event.preventDefault(), event.returnValue = "";
@@ -131,7 +135,7 @@ export class Page implements Platform {
     if (hasButtons && this.#game.active === screen) this.#moveFocus(event.key);
   }
 
-  /** Firefox clicks a focused button when Space is released, wherever it was pressed. */
+  /** A button that gets the focus while Space is held must not be clicked by its release. */
   #releaseKey(event: KeyboardEvent): void {
     const screen = this.#isOver ? null : this.#game.active;
     if (screen !== null && event.key === " " && !this.#repeats.wasPressedOn(event, screen)) event.preventDefault();
