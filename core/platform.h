@@ -75,6 +75,7 @@ enum class Border : std::uint8_t { none, thin };
 enum class Visibility : std::uint8_t { hidden, visible };
 enum class Switch : std::uint8_t { off, on };
 enum class Typing : std::uint8_t { none, answer };
+enum class Closing : std::uint8_t { showsHome, endsProgram, endsChallenge };
 enum class Picture : std::uint8_t { none, arrow, stop, farewell };
 
 /// From the top left corner of the content area. Controls keep their positions when the window is larger.
@@ -119,6 +120,8 @@ struct ScreenLayout {
   Colour background{}; ///< of the drawing surface, until it is cleared to another colour
   std::span<const ControlLayout> controls;
   Typing typing{Typing::none}; ///< `answer`: where there is no keyboard, the front end offers its keys
+  Closing closing{
+      Closing::showsHome}; ///< `endsChallenge` also shows home; a front end may ask the learner first
 };
 
 /// Across the boundary, a control is identified by its index in `ScreenLayout::controls`.

@@ -38,6 +38,9 @@ constexpr std::string_view nameOf(Switch state) {
 constexpr std::string_view nameOf(Typing typing) {
   return nameIn(std::array<std::string_view, 2>{"none", "answer"}, typing);
 }
+constexpr std::string_view nameOf(Closing closing) {
+  return nameIn(std::array<std::string_view, 3>{"showsHome", "endsProgram", "endsChallenge"}, closing);
+}
 constexpr std::string_view nameOf(Picture picture) {
   return nameIn(std::array<std::string_view, 4>{"none", "arrow", "stop", "farewell"}, picture);
 }

@@ -153,13 +153,15 @@ using enum Frame;
 
 /// By `ScreenName`.
 constexpr std::array<ScreenLayout, screenCount> layouts{{
-    {accueil, "accueil", "Accueil", frameless, timesBold(24), white, accueilControls},
+    {accueil, "accueil", "Accueil", frameless, timesBold(24), white, accueilControls, Typing::none,
+     Closing::endsProgram},
     {addition, "", "Additions et soustractions", toolWindow, timesBold(24), white, additionControls,
      Typing::answer},
     {multiplication, "", "Multiplications", toolWindow, timesBold(24), white, multiplicationControls,
      Typing::answer},
     {division, "", "Divisions", toolWindow, timesBold(24), white, divisionControls, Typing::answer},
-    {record, "", "Record", toolWindow, timesBold(24), white, recordControls, Typing::answer},
+    {record, "", "Record", toolWindow, timesBold(24), white, recordControls, Typing::answer,
+     Closing::endsChallenge},
     {FIN, "FIN", "Niveau réussi", frameless, timesBold(36), white, finControls},
     {FIN2, "FIN2", "Résultats", toolWindow, timesBold(36), white, fin2Controls},
     {Aurevoir, "", "Au revoir", toolWindow, {"Arial", 15.75F}, windowBackground, aurevoirControls},

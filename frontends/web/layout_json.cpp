@@ -64,8 +64,8 @@ std::string layoutJson(const ScreenLayout& layout) {
     rows += (rows.empty() ? "" : ",") + json(row);
   return "{" +
          members("caption", layout.caption, "accessibleName", layout.accessibleName, "frame", layout.frame,
-                 "font", layout.font, "background", colourNumber(layout.background), "typing",
-                 layout.typing) +
+                 "font", layout.font, "background", colourNumber(layout.background), "typing", layout.typing,
+                 "closing", layout.closing) +
          ",\"controls\":[" + rows + "]}";
 }
 

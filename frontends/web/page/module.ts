@@ -46,6 +46,7 @@ export interface ScreenLayout {
   readonly background: Colour;
   readonly controls: readonly ControlLayout[];
   readonly typing: "none" | "answer";
+  readonly closing: "showsHome" | "endsProgram" | "endsChallenge";
 }
 
 /** Two points: corners, the ends of a segment, or the centre and the radii of an ellipse. */

@@ -66,7 +66,7 @@ export class Page implements Platform {
     this.#current = shown;
     this.#pressed = null; // a click needs its press and its release on the same screen
     shown.element.hidden = false;
-    if (this.#keypad.offer(shown.takesAnswer)) this.#arrange();
+    if (this.#keypad.offer(shown.layout.typing === "answer")) this.#arrange();
     (shown.focused ?? shown.element).focus({ preventScroll: true });
   }
 
@@ -105,7 +105,7 @@ export class Page implements Platform {
   #listenToBrowser(): void {
     document.addEventListener("visibilitychange", () => this.#report(() => {}));
     window.addEventListener("beforeunload", (event) => {
-      if (this.#game.active === "record" && !this.#isOver) event.preventDefault(), event.returnValue = "";
+      if (this.#current?.layout.closing === "endsChallenge" && !this.#isOver) event.preventDefault(), event.returnValue = "";
     });
     new ResizeObserver(() => this.#arrange()).observe(this.region);
     window.addEventListener("beforeprint", () => this.#arrange(this.#windows, paper, 3));
@@ -210,7 +210,7 @@ export class Page implements Platform {
     this.#current?.read(this.#game.spokenTexts(screen));
     const words = this.#game.takeAnnouncement();
     if (words !== "") this.announcer.replaceChildren(words);
-    this.#homeEntry.follow(screen !== "accueil");
+    this.#homeEntry.follow(this.#current?.layout.closing !== "endsProgram");
   }
 
   #arrange(windows: Iterable<ScreenWindow> = this.#windows, size: Size = this.region.getBoundingClientRect(),

@@ -35,7 +35,7 @@ export class ScreenWindow implements Window {
   #focused: HTMLElement | null = null;
 
   /** Invisible at first. `minimum` is the minimum content area, in pixels of the layout. */
-  constructor(private readonly layout: ScreenLayout, minimum: Size, private readonly page: Page) {
+  constructor(readonly layout: ScreenLayout, minimum: Size, private readonly page: Page) {
     this.surface = new DisplayList(layout.background);
     this.#view = new View(minimum);
     this.#context = this.#canvas.getContext("2d", { alpha: false }) as CanvasRenderingContext2D;
@@ -74,8 +74,6 @@ export class ScreenWindow implements Window {
 
   /** The button that had the focus last, or the first one; null on a screen without buttons. */
   get focused(): HTMLElement | null { return this.#focused ?? this.buttons[0] ?? null; }
-
-  get takesAnswer(): boolean { return this.layout.typing === "answer"; }
 
   /** What of this screen an event hit; null for nothing that can be pressed. */
   pressedBy(event: Event): Pressed | null {
