@@ -15,8 +15,8 @@ __all__ = ["setUpModule"]
 TABLET, PHONE, SMALL_PHONE = (768, 1024, 2, 44), (360, 740, 3, 24), (568, 320, 2, 24)
 DEVICES = [TABLET, (1024, 768, 2, 44), PHONE, (740, 360, 3, 24)]
 EXERCISES = ["addition", "multiplication", "division", "record"]
-KEYS = [*"1234567890", "Backspace", "Escape", "ArrowRight", "="]
-NAMES = [*"1234567890", "Effacer", "Quitter", "Continuer", "Valider"]
+KEYS = [*"123", "Backspace", *"456", "Escape", *"789", "ArrowRight", "0", "="]
+NAMES = [*"123", "Effacer", *"456", "Quitter", *"789", "Continuer", "0", "Valider"]
 RESULTS = {"plus": lambda left, right: left + right, "moins": lambda left, right: left - right,
            "fois": lambda left, right: left * right, "divisé par": lambda left, right: left // right}
 
@@ -260,7 +260,7 @@ class Zoom(TouchCase):
 
     def test_gestures_press_nothing(self) -> None:
         """Neither in the page nor in the browser."""
-        one, *_, nine = middles("#keypad button")[:9]
+        one, *_, nine = middles("#keypad .digit")
         for x, y in [300.0, 300.0], middles("#addition .label")[0], nine:
             for count, duration in (2, 50), (1, 900):
                 browser.command("Input.synthesizeTapGesture", x=x, y=y, tapCount=count, duration=duration,

@@ -5,15 +5,29 @@
 import type { KeyStroke } from "./keys";
 
 const backspace = 8;
-const digits = [..."1234567890"].map((digit) => [digit, digit, { code: 0, character: digit.charCodeAt(0) }] as const);
 
-/** Caption, name for screen readers, and key. */
-const keys: readonly (readonly [string, string, KeyStroke])[] = [
-  ...digits,
-  ["⌫", "Effacer", { code: 0, character: backspace }],
-  ["✕", "Quitter", { code: 0, character: 27 }],
-  ["→", "Continuer", { code: 39, character: 0 }],
-  ["=", "Valider", { code: 0, character: 61 }],
+interface KeyDescription {
+  readonly caption: string;
+  /** For screen readers. */
+  readonly name: string;
+  readonly className: string;
+  readonly stroke: KeyStroke;
+}
+
+function digit(caption: string, className = "digit"): KeyDescription {
+  return { caption, name: caption, className, stroke: { code: 0, character: caption.charCodeAt(0) } };
+}
+
+/** In rows of four columns; the last two keys are two columns wide. */
+const keys: readonly KeyDescription[] = [
+  digit("1"), digit("2"), digit("3"),
+  { caption: "⌫", name: "Effacer", className: "erase", stroke: { code: 0, character: backspace } },
+  digit("4"), digit("5"), digit("6"),
+  { caption: "✕", name: "Quitter", className: "leave", stroke: { code: 0, character: 27 } },
+  digit("7"), digit("8"), digit("9"),
+  { caption: "→", name: "Continuer", className: "goOn", stroke: { code: 39, character: 0 } },
+  digit("0", "zero"),
+  { caption: "=", name: "Valider", className: "submit", stroke: { code: 0, character: 61 } },
 ];
 
 // As a keyboard repeats, in milliseconds.
@@ -30,7 +44,7 @@ export class Keypad {
     this.element.id = "keypad";
     this.element.hidden = true;
     this.element.setAttribute("aria-label", "Clavier");
-    this.element.append(...keys.map(([caption, name, stroke]) => this.#createKey(caption, name, stroke)));
+    this.element.append(...keys.map((key) => this.#createKey(key)));
     for (const end of ["pointerup", "pointercancel", "pointerleave"])
       this.element.addEventListener(end, () => this.#endRepeats());
   }
@@ -57,8 +71,8 @@ export class Keypad {
 
   /** A finger presses it at once. `detail` is 0 for a click by a screen reader, which has no press; a finger that was
    * down before the key appeared clicks it too, and does not mean it. */
-  #createKey(caption: string, name: string, stroke: KeyStroke): HTMLElement {
-    const key = Object.assign(document.createElement("button"), { textContent: caption });
+  #createKey({ caption, name, className, stroke }: KeyDescription): HTMLElement {
+    const key = Object.assign(document.createElement("button"), { textContent: caption, className });
     key.setAttribute("aria-label", name);
     key.addEventListener("pointerdown", ({ button }) => {
       if (button !== 0) return;
