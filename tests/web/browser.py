@@ -5,7 +5,7 @@ import os
 import shutil
 import tempfile
 import time
-from collections.abc import Callable
+from collections.abc import Callable, Iterator
 from pathlib import Path
 from typing import Any
 
@@ -34,11 +34,16 @@ def wait_for(condition: Callable[[], Any], what: str, seconds: float = 5) -> Any
 class Browser:
     """Use it in a `with` statement. Everything concerns the tab that was opened or chosen last."""
 
+    def __init__(self, *arguments: str) -> None:
+        """More ones for Chromium's command line, without "--"."""
+        self.arguments = arguments
+
     def __enter__(self) -> "Browser":
         self.folder = Path(tempfile.mkdtemp())
         options = webdriver.ChromeOptions()
         options.binary_location = "/usr/bin/chromium"
-        for argument in "headless=new", "no-sandbox", "disable-gpu", f"user-data-dir={self.folder}/profile":
+        for argument in "headless=new", "no-sandbox", "disable-gpu", f"user-data-dir={self.folder}/profile", \
+                *self.arguments:
             options.add_argument(f"--{argument}")
         options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
         folder = str(self.folder)
@@ -92,21 +97,22 @@ class Browser:
         clip = {"x": left, "y": top, "width": width, "height": height, "scale": 1}
         return self.command("Page.captureScreenshot", clip=clip)["data"]
 
-    def names(self) -> list[tuple[str, str]]:
-        """What a screen reader finds: roles and names in reading order."""
+    def nodes(self) -> list[dict[str, Any]]:
+        """What a screen reader finds, in reading order."""
         nodes = self.command("Accessibility.getFullAXTree")["nodes"]
         by_identifier = {node["nodeId"]: node for node in nodes}
-        found: list[tuple[str, str]] = []
 
-        def read(node: dict[str, Any]) -> None:
-            if not node["ignored"]:
-                found.append((node["role"]["value"], node["name"]["value"]))
+        def read(node: dict[str, Any]) -> Iterator[dict[str, Any]]:
+            yield node
             for child in node.get("childIds", []):
                 if child in by_identifier:
-                    read(by_identifier[child])
+                    yield from read(by_identifier[child])
 
-        read(nodes[0])
-        return found
+        return [node for node in read(nodes[0]) if not node["ignored"]]
+
+    def names(self) -> list[tuple[str, str]]:
+        """The roles and names of the nodes."""
+        return [(node["role"]["value"], node["name"]["value"]) for node in self.nodes()]
 
     # ---- Keyboard and mouse --------------------------------------------------------------------------
 

@@ -74,11 +74,11 @@ def press(*keys: str) -> None:
         browser.press(key)
 
 
-def answer(*submit: str) -> None:
-    """Gives the right result of an addition or a subtraction, by a key and its code."""
+def answer() -> None:
+    """Gives the right result of an addition or a subtraction."""
     left, sign, right = re.search(r"(\d+) (plus|moins) (\d+) égale", texts()).groups()
     press(*str(int(left) + int(right) * (1 if sign == "plus" else -1)))
-    browser.press(*submit or ["Enter"])
+    browser.press("=", "Digit1")  # a key whose text is "=" never types a digit
 
 
 class PageCase(unittest.TestCase):
@@ -130,19 +130,6 @@ class Keys(PageCase):
             browser.evaluate(f"""document.activeElement.dispatchEvent(new KeyboardEvent("keydown",
                 {{ key: "{key}", code: "Digit0", modifierAltGraph: true, bubbles: true{more} }}))""")
             self.assertEqual(typed(), "", f"AltGr, {key}{more}")
-
-    def test_keys_of_an_exercise(self) -> None:
-        self.open("addition")
-        for submit, go_on in [
-                (("Enter", ""), "ArrowRight"), (("Enter", "NumpadEnter"), "Enter"), (("=", "Digit1"), "Enter")]:
-            answer(*submit)
-            self.assertIn("Bravo", texts(), submit)
-            browser.press("ArrowRight", "Numpad6")  # without Num Lock
-            self.assertIn("Bravo", texts())
-            press(go_on)
-            self.assertNotIn("Bravo", texts(), go_on)
-        press("Escape")
-        self.assertEqual(screen(), "accueil")
 
     def test_keys_that_do_not_reach_the_program(self) -> None:
         """The second of other keys opens an activity. The browser keeps those that do not zoom."""
@@ -281,6 +268,15 @@ class Layout(PageCase):
                 tolerance = 0.5 + 2 * rounding + (0.5 if stroke else 0)
                 self.assertAlmostEqual(rectangle[side] * ratio, expected * ratio, delta=tolerance, msg=kind)
                 self.assertLessEqual(rectangle[side], view[side % 2 + 2] + rounding, kind)
+
+    def test_smallest_font_size_of_the_browser(self) -> None:
+        with Browser("blink-settings=minimumFontSize=24") as other:
+            other.set_display(898, 590)
+            other.open(PAGE)
+            shown = "document.querySelectorAll('section:not([hidden]) .button').length"
+            wait_for(lambda: other.evaluate(shown) == 5, "the home screen")
+            for kind, _, is_cut in other.evaluate(MEASURES)[3]:
+                self.assertFalse(is_cut, kind)
 
     def test_a_new_size_keeps_the_picture(self) -> None:
         for before, after in [((1280, 1024, 1), (1280, 1024, 1.5)), ((898, 590, 2), (740, 360, 2)),
@@ -460,15 +456,12 @@ class ScreenReader(PageCase):
 
 
 class Numbers(PageCase):
-    def operations(self) -> list[str]:
-        found = []
-        for activity in "addition", "multiplication":
-            self.open(activity)
-            found.append(texts())
-        return found
-
-    def test_each_start_draws_other_operations(self) -> None:
-        self.assertNotEqual(self.operations(), self.operations())
+    def test_each_start_draws_another_operation(self) -> None:
+        operations = set()
+        for _ in range(3):
+            self.open("addition")
+            operations.add(texts())
+        self.assertGreater(len(operations), 1)
 
 
 if __name__ == "__main__":

@@ -18,19 +18,15 @@ from pathlib import Path
 from threading import Thread
 
 from browser import PAGE, ROOT, wait_for
-from page_test import answer, browser, press, screen, texts
+from page_test import answer, browser, press, screen, setUpModule, texts
+
+__all__ = ["setUpModule"]
 
 SITE = Path(os.environ.get("CHIFFROLO_SITE", ROOT / "build/web/site")).absolute()
 FOLDER = "/ecole/calcul/"
 # Whether no worker is on its way, and the state of the one that answers the next start.
 WORKER = """navigator.serviceWorker.getRegistration().then((site) =>
     !site ? "none" : site.installing || site.waiting ? "on its way" : site.active?.state)"""
-
-
-def setUpModule() -> None:
-    if not SITE.exists():
-        raise SystemExit(f"{SITE} does not exist: make it with packaging/web")
-    unittest.enterModuleContext(browser)
 
 
 class Handler(SimpleHTTPRequestHandler):
@@ -118,12 +114,6 @@ class Offline(SiteCase):
             self.start(file)
         browser.driver.refresh()
         wait_for(lambda: screen() == "accueil", "reload")
-
-    def test_never_visited(self) -> None:
-        self.server.stop()
-        with self.assertRaisesRegex(Exception, "ERR_CONNECTION_REFUSED"):
-            self.start()
-        browser.console()
 
     def test_only_the_page_on_the_server(self) -> None:
         """As the single file, under its name."""

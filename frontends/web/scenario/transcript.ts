@@ -8,15 +8,11 @@ import {
   Surface, Window,
 } from "../page/module";
 
-/** As C's %g prints a finite number: six significant digits, and exact ties to the even digit. */
-export function general(number: number): string {
-  if (Object.is(number, -0)) return "-0";
+/** As C's %g prints 0 and numbers from 0.0001 to 999,999: six significant digits, and exact ties to the even digit. */
+function general(number: number): string {
   // Sixty digits are enough to tell a tie from any other single-precision number.
   const isTieAfterEven = /^-?\d\.\d{4}[02468]50*e/.test(number.toExponential(60));
-  const rounded = isTieAfterEven ? number.toExponential(6).replace("5e", "0e") : number.toExponential(5);
-  const value = Number(rounded);
-  if (value === 0 || (Math.abs(value) >= 1e-4 && Math.abs(value) < 1e6)) return String(value);
-  return value.toExponential().replace(/(e[+-])(\d)$/, "$10$2");
+  return String(Number(isTieAfterEven ? number.toExponential(6).replace("5e", "0e") : number.toExponential(5)));
 }
 
 const quoted = (text: string): string => `"${text}"`;
