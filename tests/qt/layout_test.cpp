@@ -47,10 +47,7 @@ TEST(Layouts, areShownAsDesigned) {
       SCOPED_TRACE(std::string(row.name) + " of " + std::string(layout.accessibleName));
       const QWidget& control = *view.control(index);
       EXPECT_EQ(control.geometry(), placeOf(row));
-      EXPECT_EQ(control.isHidden(), row.visible == Visibility::hidden);
-      EXPECT_EQ(control.property("text").toString().toStdString(), row.caption);
       EXPECT_EQ(control.toolTip().toStdString(), row.tooltip);
-      EXPECT_EQ(control.accessibleName().toStdString(), row.accessibleName);
       if (row.kind != ControlKind::button && row.kind != ControlKind::image)
         expectColours(view.grab(placeOf(row)), row);
     }

@@ -8,11 +8,10 @@
 
 namespace {
 
-/// Three screens, from left to right, with pixel ratios of 1, 1.5 and 2.
+/// Two screens, from left to right, with pixel ratios of 1 and 2.
 constexpr const char* screens = R"({"synchronousWindowSystemEvents": false, "screens": [
   {"name": "1", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
-  {"name": "1.5", "x": 1280, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1.5},
-  {"name": "2", "x": 2560, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2}]})";
+  {"name": "2", "x": 1280, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2}]})";
 
 } // namespace
 

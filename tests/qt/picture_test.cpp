@@ -2,15 +2,10 @@
 #include "qt/drawing_surface.h"
 
 #include <QBitmap>
-#include <QPainter>
 #include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <random>
 
 namespace chiffrolo::qt {
 
@@ -29,10 +24,6 @@ protected:
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&surface_));
   }
 
-  void drawText(QPointF topLeft, const char* text, QColor colour) {
-    surface_.drawText(topLeft, text, face_, colour);
-  }
-  void erase() { surface_.drawBox({0, 0}, {99, 99}, 1, white, white); }
   /// The surface as displayed after pending repaints.
   QImage screenshot() {
     QCoreApplication::processEvents();
@@ -57,35 +48,18 @@ protected:
   }
 
   FontCache fonts_;
-  const TextFace& face_ = fonts_.face({"Times", 28, Weight::bold});
   DrawingSurface surface_{white, nullptr};
 };
 
 TEST_F(Surface, drawsLinesPixelAlignedAndCentred) {
-  const auto drawnArea = [this] {
-    return QRegion{surface_.grab().createMaskFromColor(white, Qt::MaskInColor)}.boundingRect();
-  };
   surface_.drawSegment({10.3, 20.6}, {29.3, 20.6}, 1, red);
-  EXPECT_EQ(drawnArea(), QRect(10, 20, 20, 1));
-  erase();
-  surface_.drawSegment({20, 10}, {20, 50}, 2, red);
-  EXPECT_EQ(drawnArea(), QRect(19, 9, 2, 42));
-}
-
-TEST_F(Surface, textRedrawnInTheBackgroundColourLeavesNoOutline) {
-  surface_.drawSegment({20, 60}, {80, 60}, 1, blue);
-  const QImage before = surface_.grab().toImage();
-  drawText({30, 40}, "?", red);
-  EXPECT_NE(surface_.grab().toImage(), before);
-  drawText({70, 10}, "7", white);
-  drawText({30, 40}, "?", white);
-  surface_.drawSegment({20, 60}, {80, 60}, 1, blue);
-  EXPECT_EQ(surface_.grab().toImage(), before);
+  const QRegion drawn{surface_.grab().createMaskFromColor(white, Qt::MaskInColor)};
+  EXPECT_EQ(drawn.boundingRect(), QRect(10, 20, 20, 1));
 }
 
 TEST_F(Surface, drawsSharpBoxesAtAllPixelRatiosAndScales) {
   surface_.drawBox({20.3, 20.6}, {70, 60.2}, 3, red, blue);
-  for (const qreal ratio : {1.0, 1.5, 2.0, 1.0, 1.5, 1.0})
+  for (const qreal ratio : {1.0, 1.5, 2.0})
     for (const qreal scale : {1.0, 0.8, 1.25})
       expectPixelAlignedStroke(ratio, scale);
 }
@@ -93,12 +67,13 @@ TEST_F(Surface, drawsSharpBoxesAtAllPixelRatiosAndScales) {
 // ---- Erased drawings and repaints --------------------------------------------------------------------
 
 TEST_F(Surface, removesErasedDrawingsFromTheDisplayList) {
+  const auto& face = fonts_.face({"Times", 28, Weight::bold});
   surface_.drawBox({10, 10}, {80, 80}, 1, red, blue);
-  drawText({20, 20}, "?", white);
-  drawText({20, 20}, "?", blue);
-  drawText({20, 20}, "  ", red);
+  surface_.drawText({20, 20}, "?", face, white);
+  surface_.drawText({20, 20}, "?", face, blue);
+  surface_.drawText({20, 20}, "  ", face, red);
   EXPECT_EQ(surface_.picture().size(), 1U);
-  erase();
+  surface_.drawBox({0, 0}, {99, 99}, 1, white, white);
   EXPECT_EQ(surface_.picture().size(), 0U);
 }
 
@@ -114,22 +89,6 @@ TEST_F(Surface, repaintsTheWholeAreaOfAnErasedText) {
       surface_.drawText(place, QStringLiteral("7?g"), face, white);
       EXPECT_EQ(screenshot(), blank) << size << " points at " << scale;
     }
-}
-
-/// Compares random boxes and lines in three colours with an image on which all of them are painted.
-TEST_F(Surface, repaintsEveryChangedPixel) {
-  QImage expected = screenshot();
-  std::mt19937 random{1};
-  const auto randomUpTo = [&](unsigned maximum) { return static_cast<int>(random() % (maximum + 1)); };
-  const std::array colours{white, red, blue};
-  for (int drawing = 0; drawing < 1000; ++drawing) {
-    const QPoint from{randomUpTo(99), randomUpTo(99)};
-    const QPoint to{randomUpTo(99), randomUpTo(2) == 0 ? from.y() : randomUpTo(99)};
-    const QColor colour = colours.at(static_cast<std::size_t>(randomUpTo(2)));
-    surface_.drawBox(from, to, 1, colour, colour);
-    QPainter{&expected}.fillRect(QRect{from, from} | QRect{to, to}, colour);
-    ASSERT_EQ(screenshot(), expected) << drawing;
-  }
 }
 
 } // namespace

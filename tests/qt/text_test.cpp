@@ -19,7 +19,6 @@ constexpr auto bold = Weight::bold;
 /// From the font tables: a digit is 1/2 of the size wide in Times New Roman, and 0.55615 of it in Arial.
 const Row rows[]{
     {"shortName", {"Times", 28, bold}, "7", 14},
-    {"nameInMixedCase", {"tIMES nEW rOMAN", 28, bold}, "7", 14},
     {"textWithBlanks", {"Times", 28, bold}, " 7 ", 28},
     {"fractionalSize", {"Times", 15.75F}, "42", 15.75F},
     {"sansSerifFace", {"Arial", 15.75F}, "1234", 35.038F},

@@ -7,102 +7,55 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
-#include <tuple>
 
 namespace chiffrolo::qt {
 
 namespace {
 
-// ---- Keys and clicks ---------------------------------------------------------------------------------
-
-/// The modifier alone is not a key, and the release of Space clicks no button of the next screen.
-TEST_F(FrontEnd, reportsOnlyKeysFromAScreenWithoutButtons) {
-  exercise_->activate();
-  pressKey(Qt::Key_Shift);
-  pressKey(Qt::Key_Tab, "\t");
-  program_.react = [this] { homeScreen_->activate(); };
-  pressKey(Qt::Key_Space, " ");
-  EXPECT_EQ(program_.takeEvents(), "key 0/-1, key 0/32");
-}
-
-/// The guide recommends it: the home screen ignores a key that types no character.
-TEST_F(FrontEnd, controlSpacePressesTheButtonAndTypesNothing) {
-  pressKey(Qt::Key_Tab, "\t");
-  pressKey(Qt::Key_Space, " ", Qt::ControlModifier);
-  EXPECT_EQ(program_.takeEvents(), "key 0/-1, click 1");
-}
-
-TEST_F(FrontEnd, clicksNoButtonIfTheKeyChangedTheScreen) {
-  program_.keyUse = Events::KeyUse::screenChanged;
-  pressKey(Qt::Key_Space, " ");
-  pressKey(Qt::Key_Enter, "\r");
-  EXPECT_EQ(program_.takeEvents(), "key 0/32, key 13/13");
-}
+// ---- Clicks ------------------------------------------------------------------------------------------
 
 /// Also if the screen returns before the release.
 TEST_F(FrontEnd, clicksNothingIfTheScreenChangesWhileTheMouseIsPressed) {
-  using Row = std::tuple<Window*, Window*, QPoint, const char*>;
-  for (const auto& [screen, other, place, click] :
-       {Row{exercise_.get(), homeScreen_.get(), arrowPlace, "click 0"},
-        Row{exercise_.get(), homeScreen_.get(), closeBoxPlace(), "close"},
-        Row{homeScreen_.get(), exercise_.get(), QPoint{10, 30}, "click 0"}})
-    for (Window* const last : {other, screen}) {
-      screen->activate();
+  for (const QPoint place : {arrowPlace, QPoint{host().width() - 12, 12}}) // the second one is the close box
+    for (Window* const last : {homeScreen_.get(), exercise_.get()}) {
+      exercise_->activate();
       clickAt(place);
-      EXPECT_EQ(program_.takeEvents(), click);
       QTest::mousePress(host().windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
-      other->activate();
+      homeScreen_->activate();
       last->activate();
       QTest::mouseMove(host().windowHandle(), place + QPoint{1, 1});
       QTest::mouseRelease(host().windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
-      EXPECT_EQ(program_.takeEvents(), "") << click << ", returned: " << (last == screen);
     }
+  EXPECT_EQ(program_.takeEvents(), "click 0, click 0, close, close");
 }
 
-/// A screen reader may click hidden buttons.
+/// A screen reader may click hidden buttons. Keys may still arrive after the last screen was destroyed.
 TEST_F(FrontEnd, reportsNothingOfAHiddenOrDestroyedScreen) {
   clickHiddenButtons();
   exercise_->activate();
   clickHiddenButtons();
-  clickAt(closeBoxPlace());
-  EXPECT_EQ(program_.takeEvents(), "close");
   exercise_.reset();
-  EXPECT_EQ(areaOfColour(labelBackground), QRect());
   pressKey(Qt::Key_7, "7");
   host().close();
-  homeScreen_->activate();
-  clickHiddenButtons();
-  clickAt(arrowPlace);
-  EXPECT_EQ(program_.takeEvents(), "click 0") << "only the button at the position of the arrow";
+  EXPECT_EQ(program_.takeEvents(), "");
 }
 
 // ---- Timers and pictures -----------------------------------------------------------------------------
-
-TEST_F(FrontEnd, reportsNothingAfterATickDestroyedTheWindow) {
-  exercise_->activate();
-  program_.react = [this] {
-    exercise_.reset();
-    homeScreen_->activate();
-  };
-  switchTimer(Switch::on);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return exercise_ == nullptr; }));
-  waitForLaterTick();
-  EXPECT_EQ(program_.takeEvents(), "tick 3");
-}
 
 TEST_F(FrontEnd, startsAllTimersOfOneEventAtTheSameInstant) {
   constexpr ControlIndex otherTimer = 0;
   exercise_->startTimer(timer, 1h);
   exercise_->startTimer(otherTimer, 1h);
+  bool hasTicked = false;
   program_.react = [&] {
     exercise_->startTimer(otherTimer, 2ms);
     QTest::qSleep(2);
     exercise_->startTimer(timer, 2ms);
-    program_.react = [] {};
+    program_.react = [&] { hasTicked = true; };
   };
   pressKey(Qt::Key_7, "7");
-  waitForLaterTick();
-  EXPECT_EQ(program_.takeEvents().substr(0, 18), "key 0/55, tick 3, ");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return hasTicked; }));
+  EXPECT_EQ(program_.takeEvents().substr(0, 16), "key 0/55, tick 3");
 }
 
 /// Set after the first picture.
@@ -118,35 +71,17 @@ TEST_F(FrontEnd, drawsTheNewCaptionOfALabel) {
 }
 
 TEST_F(FrontEnd, drawsTextAtThePixelRatioOfTheScreen) {
+  constexpr QRect area{1, 200, 300, 100};
   exercise_->activate();
   exercise_->drawText({20, 150}, "8g", face, blue);
-  const auto grabbedOn = [this](int screen) {
-    host().windowHandle()->setScreen(QGuiApplication::screens().at(screen));
-    return screenshot({1, 200, 300, 100});
-  };
-  const QImage atRatio1 = grabbedOn(0);
-  const QImage atRatio2 = grabbedOn(2);
+  const QImage atRatio1 = screenshot(area);
+  host().windowHandle()->setScreen(QGuiApplication::screens().at(1));
+  const QImage atRatio2 = screenshot(area);
   ASSERT_EQ(atRatio2.size(), atRatio1.size() * 2);
   EXPECT_NE(atRatio2.scaled(atRatio1.size()).scaled(atRatio2.size()), atRatio2);
-  EXPECT_EQ(grabbedOn(0), atRatio1);
 }
 
-// ---- Fit and zoom ------------------------------------------------------------------------------------
-
-using SmallFrontEnd = FrontEnd;
-
-/// The content area of the exercise is 909 x 485 pixels, the minimum is 896 x 564: a scale of 0.86.
-TEST_F(SmallFrontEnd, scalesDrawingsAndControlsDown) {
-  host().resize(911, 512);
-  constexpr qreal scale = 485.0 / 564;
-  EXPECT_NEAR(exercise_->width(), 909 / scale * 0.75, 0.01);
-  exercise_->activate();
-  exercise_->drawBox({0, 300}, {20, 320}, 1, blue, blue);
-  const QRect box = areaOfColour(bluePixel);
-  EXPECT_NEAR(box.top(), 26 + 400 * scale, 1);
-  EXPECT_NEAR(box.right(), 1 + 26.7 * scale, 1);
-  EXPECT_EQ(areaOfColour(labelBackground), QRect(1, 26 + 52, 172, 34)) << "200 x 40 pixels at (0, 60)";
-}
+// ---- Zoom --------------------------------------------------------------------------------------------
 
 TEST_F(FrontEnd, dropsAutoRepeatOfAZoomKeyAfterControlIsReleased) {
   exercise_->activate();
@@ -157,24 +92,16 @@ TEST_F(FrontEnd, dropsAutoRepeatOfAZoomKeyAfterControlIsReleased) {
   EXPECT_EQ(program_.takeEvents(), "key 0/61");
 }
 
-/// With 1278 x 997 pixels of room, the minimum content area of 896 x 564 is 1278 / 896 times as large.
+/// With 1278 x 997 pixels of room, the minimum content area of 896 x 564 is 1278 / 896 times as large. A held
+/// key does not flicker.
 TEST_F(FrontEnd, fillsTheDisplayWithF11) {
   exercise_->activate();
-  exercise_->drawBox({648, 400}, {671.25F, 422.25F}, 1, blue, blue);
-  const Points width = exercise_->width();
   pressKey(Qt::Key_F11);
-  EXPECT_EQ(areaOfColour(labelBackground).width(), qRound(200 * 1278 / 896.0));
-  EXPECT_EQ(areaOfColour(bluePixel).right(), 1 + 895 * 1278 / 896) << "its right side is at 895 pixels";
-  EXPECT_EQ(exercise_->width(), width);
-  host().resize(1794, 1155);
-  EXPECT_EQ(areaOfColour(labelBackground).width(), 400);
-  pressKey(Qt::Key_F11);
-  EXPECT_EQ(areaOfColour(labelBackground).width(), 200);
-  QTest::sendKeyEvent(QTest::Press, host().windowHandle(), Qt::Key_F11, {}, Qt::NoModifier);
   QKeyEvent repeat{QEvent::KeyPress, Qt::Key_F11, Qt::NoModifier, {}, true};
   QCoreApplication::sendEvent(host().windowHandle(), &repeat);
-  EXPECT_EQ(areaOfColour(labelBackground).width(), 400) << "a held key does not flicker";
-  EXPECT_EQ(program_.takeEvents(), "");
+  EXPECT_EQ(areaOfColour(labelBackground), QRect(1, 26 + 86, 285, 57)) << "200 x 40 pixels at (0, 60)";
+  host().resize(1794, 1155);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), 400);
 }
 
 class ZoomedFrontEnd : public FrontEnd {
@@ -196,8 +123,6 @@ protected:
 TEST_F(ZoomedFrontEnd, staysZoomedUntilTheZoomIsReset) {
   EXPECT_EQ(program_.takeEvents(), "") << "zoom keys are not reported";
   EXPECT_FLOAT_EQ(exercise_->width(), static_cast<float>(host().width() - 2) * 0.75F);
-  clickAt({1 + 300 + 90, 26 + 90});
-  EXPECT_EQ(program_.takeEvents(), "click 0");
   homeScreen_->activate();
   exercise_->activate();
   EXPECT_EQ(areaOfColour(labelBackground), QRect(1, 26 + 180, 600, 120));
@@ -213,8 +138,8 @@ TEST_F(ZoomedFrontEnd, followsWhatIsDrawn) {
   drawBoxAt({600, 381});
   EXPECT_EQ(areaOfColour(bluePixel).size(), QSize(99, 99)) << "the other one";
   EXPECT_GT(areaOfColour(bluePixel).left(), 1000);
-  exercise_->drawBox({0, 0}, {20, 20}, 1, white, white);
-  EXPECT_EQ(areaOfColour(bluePixel).size(), QSize(99, 99)) << "nothing visible was drawn";
+  exercise_->drawBox({99, 99}, {110, 110}, 1, white, white);
+  EXPECT_GT(areaOfColour(bluePixel).left(), 1000) << "a part of the first one was erased, nothing was drawn";
   exercise_->drawText({10, 10}, "8", face, blue);
   EXPECT_LT(areaOfColour(bluePixel).left(), 150);
 }
@@ -225,7 +150,7 @@ TEST_F(ZoomedFrontEnd, doesNotFollowATimerUnlessAnImageBecomesVisible) {
     drawBoxAt({600, 381});
     ++ticks;
   };
-  switchTimer(Switch::on);
+  exercise_->startTimer(timer, 5ms);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }));
   EXPECT_EQ(areaOfColour(bluePixel), QRect());
   program_.react = [this] {
@@ -240,7 +165,7 @@ TEST_F(ZoomedFrontEnd, revealsTheButtonThatGetsTheFocus) {
   homeScreen_->activate();
   pressKey(Qt::Key_Backtab, "\t");
   clickAt({1280 - 300, 1024 - 100});
-  EXPECT_EQ(program_.takeEvents(), "click 2");
+  EXPECT_EQ(program_.takeEvents(), "click 1");
 }
 
 /// The zoomed minimum content area is 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are visible.
@@ -260,7 +185,7 @@ TEST_F(ZoomedFrontEnd, isPannedByTheWheelWithinTheMinimumContentArea) {
   EXPECT_EQ(program_.takeEvents(), "click 1") << "revealed, 8 x 3 pixels from the left";
   homeScreen_->activate();
   exercise_->activate();
-  EXPECT_EQ(areaOfColour(labelBackground).left(), 1);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), 600);
 }
 
 // ---- Themes ------------------------------------------------------------------------------------------
@@ -291,8 +216,6 @@ TEST_F(FrontEnd, isReadableInDarkThemes) {
     exercise_->activate();
     EXPECT_GT(contrast(screenshot({5, 3, 100, 20})), readable) << "title";
     EXPECT_GT(contrast(screenshot({host().width() - 20, 5, 16, 16})), readable) << "close box";
-    EXPECT_EQ(pixel(200, 26 + 98), labelBackground);
-    EXPECT_GT(contrast(screenshot({1, 26 + 61, 200, 38})), 3.5) << "red on light yellow";
     EXPECT_EQ(pixel(600, 500), qRgb(255, 255, 255));
   }
   QApplication::setPalette(original);
