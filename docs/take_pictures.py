@@ -12,13 +12,15 @@ import sys
 import tempfile
 from pathlib import Path
 
+from PIL import Image, ImageOps
+
 DOCS = Path(__file__).resolve().parent
 ROOT = DOCS.parent
 TOUR = ROOT / "tour"
 sys.path.insert(0, str(TOUR))
 sys.dont_write_bytecode = True  # not beside the modules of the tour
 
-from picture import Area, Picture
+from picture import Picture
 from screens import content_corner
 
 GUIDE = DOCS / "guide.md"
@@ -26,8 +28,8 @@ README_PICTURE = "addition-etape-1"  # README.md shows it as addition.png
 PICTURE_LINK = re.compile(r"!\[([^\]]*)\]\(guide/([^)]*)\.png\)")  # groups: alternative text, name
 
 MARGIN = 24  # pixels of white around the contents of a screen
-SCALE = "70%"
-COLOURS = 32  # enough for plain areas and antialiased letters
+SCALE = 0.7
+COLOURS = 64  # enough for plain areas and antialiased letters
 
 
 def names_in_guide() -> list[str]:
@@ -58,17 +60,18 @@ def replace_pictures(folder: Path, taken: dict[str, Path]) -> None:
 
 def prepare(taken: Path, shown: Path) -> None:
     """Crops the picture to the contents of the screen, scales it down and adds a thin frame."""
-    ppm = subprocess.run(["convert", taken, "-depth", "8", "ppm:-"], stdout=subprocess.PIPE, check=True).stdout
-    command = ["convert", "ppm:-", "-trim", "+repage", "-bordercolor", "white", "-border", str(MARGIN)]
-    command += ["-resize", SCALE, "-bordercolor", "silver", "-border", "1"]
-    command += ["+dither", "-colors", str(COLOURS), "-white-threshold", "98%", "-strip", f"png8:{shown}"]
-    subprocess.run(command, input=crop_to_content_area(Picture.from_ppm(ppm)).to_ppm(), check=True)
+    image = crop_to_content_area(Image.open(taken))
+    image = image.crop(ImageOps.invert(image).getbbox())  # without the white margins
+    image = ImageOps.scale(ImageOps.expand(image, MARGIN, "white"), SCALE)
+    image = ImageOps.expand(image, 1, "silver")
+    colours = image.quantize(COLOURS, Image.Quantize.MAXCOVERAGE, dither=Image.Dither.NONE)
+    colours.save(shown, optimize=True)
 
 
-def crop_to_content_area(picture: Picture) -> Picture:
+def crop_to_content_area(image: Image.Image) -> Image.Image:
     """The frame has the same width on the left, on the right and at the bottom."""
-    left, top = content_corner(picture)
-    return picture.crop(Area(left, top, picture.width - left, picture.height - left))
+    left, top = content_corner(Picture.from_image(image))
+    return image.crop((left, top, image.width - left, image.height - left))
 
 
 def main(arguments: list[str]) -> int:

@@ -8,14 +8,14 @@ build=$root/build
 
 # Debian packages, installed without recommended packages.
 packages_to_build=(g++ cmake ninja-build qt6-base-dev fonts-liberation fonts-kaushanscript)
-packages_for_virtual_display=(xvfb xdotool imagemagick fontconfig python3)
+packages_for_virtual_display=(xvfb xdotool fontconfig python3 python3-numpy python3-pil)
 packages_to_package=(build-essential debhelper dpkg-dev python3-markdown appstream appstream-util desktop-file-utils
     lintian reuse)
 packages_to_test=(libgtest-dev python3-xlib x11-utils x11-xkb-utils x11-xserver-utils fonts-dejavu-core openbox xfwm4
     metacity weston qt6-wayland dbus at-spi2-core python3-pyatspi clang-14 libclang-rt-14-dev strace python3-markdown
     libglib2.0-bin)
 packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-format-14 clang-tidy-14 cppcheck
-    librsvg2-bin shellcheck pyflakes3 mypy)
+    imagemagick librsvg2-bin shellcheck pyflakes3 mypy)
 packages_for_web=(cmake ninja-build clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
     libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli
     fonts-liberation2 fonts-kaushanscript librsvg2-bin)

@@ -3,11 +3,10 @@
 
 import os
 import subprocess
-import tempfile
 from contextlib import suppress
 from pathlib import Path
 
-from desktop import DesktopEnvironment, Display, wait_until
+from desktop import DesktopEnvironment, wait_until
 
 
 class Kiosk(DesktopEnvironment):
@@ -21,19 +20,11 @@ class Kiosk(DesktopEnvironment):
     browser: list[str] = []  # the start of its command line
     own_variables: dict[str, str] = {}
 
-    def __init__(self, display: Display):
-        super().__init__(display)
-        self._scratch = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
-        self.home = Path(self._scratch.name)
-
     def variables(self) -> dict[str, str]:
         """Without a session bus, which would start services that stay."""
         folders = ("HOME", "TMPDIR", *(f"XDG_{kind}_HOME" for kind in ("CACHE", "CONFIG", "DATA", "STATE")))
         private = dict.fromkeys(folders, str(self.home)) | {"DBUS_SESSION_BUS_ADDRESS": "disabled:"}
         return super().variables() | private | self.own_variables
-
-    def close(self) -> None:
-        self._scratch.cleanup()
 
 
 class Chromium(Kiosk):

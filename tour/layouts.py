@@ -29,7 +29,7 @@ def read_layouts(program: Path, frameless_scale: float = 1.0) -> dict[str, Layou
     """By the name of the screen. Runs the file that CHIFFROLO_SCENARIO names, or `scenario` beside the program."""
     player = os.environ.get("CHIFFROLO_SCENARIO", program.with_name("scenario"))
     commands = "".join(f"layout {screen}\n" for screen in SCREENS)
-    output = subprocess.run([player], input=commands, stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
+    output = subprocess.check_output([player], input=commands, encoding="utf-8")
     rows = [shlex.split(line)[1:] for line in output.splitlines() if line.startswith("layout ")]
     return {screen: _layout([row[1:] for row in rows if row[0] == screen], frameless_scale) for screen in SCREENS}
 

@@ -9,7 +9,7 @@ from typing import NamedTuple
 import text_recognition
 from desktop import Desktop
 from layouts import read_layouts
-from picture import Area, Colour, Picture
+from picture import Area, Picture
 from screens import BLUE, LIGHT_CYAN, LIGHT_RED, RED, ContentArea, points
 
 OPERATION = re.compile(r"(\d+)([-+x:])(\d+)=")
@@ -82,7 +82,7 @@ class Learner:
             return content.shows(screen) and not is_over and content.has(BLUE, exercise.line)
 
         content = self.wait_for("an operation", is_new)
-        return content, Operation.parse(read_line(content, exercise.line, BLUE))
+        return content, Operation.parse(read_line(content, exercise.line))
 
     def answer_correctly(self, screen: str) -> ContentArea:
         _, operation = self.wait_for_operation(screen)
@@ -122,18 +122,13 @@ STOPWATCH = points(195, 25, 279, 60)
 STOPWATCH_LINE = points(198, 30, 277, 60)
 
 
-def line_at(top: int) -> Area:
-    """The line of text from the left edge to the box of "FAUX". `top` is in points."""
-    return points(20, top, 375, top + 33)
-
-
-def read_line(content: ContentArea, line: Area, colour: Colour) -> str:
-    return text_recognition.read(content.picture, content.on_display(line), colour)
+def read_line(content: ContentArea, line: Area) -> str:
+    return text_recognition.read(content.picture, content.on_display(line), text_recognition.EXERCISE)
 
 
 def read_stopwatch(content: ContentArea) -> int:
     line = content.on_display(STOPWATCH_LINE)
-    digits = text_recognition.read(content.picture, line, LIGHT_RED, text_recognition.STOPWATCH)
+    digits = text_recognition.read(content.picture, line, text_recognition.STOPWATCH)
     if len(digits) != 4:
         raise text_recognition.Unreadable(f"not a time: {digits}")
     return int(digits)
@@ -145,17 +140,17 @@ def shows_faux(content: ContentArea) -> bool:
 
 
 class Exercise(NamedTuple):
-    line: Area  # of the operation
+    line: Area  # of the operation, from the left edge to the box of "FAUX"
     bravo: Area  # a part of the ellipse without text
 
     def shows_bravo(self, content: ContentArea) -> bool:
         return content.has(RED, self.bravo)
 
 
-def _exercise(line: int, centre: int, ligne_bravo: int) -> Exercise:
+def _exercise(top: int, centre: int, ligne_bravo: int) -> Exercise:
     """All values are in points."""
     left_of_text = points(centre - 37, ligne_bravo + 9, centre - 33, ligne_bravo + 15)
-    return Exercise(line_at(line), left_of_text)
+    return Exercise(points(20, top, 375, top + 33), left_of_text)
 
 
 EXERCISES = {

@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
 """The screens of the program in pictures of the display, which has 96 pixels per inch."""
 
-import subprocess
 from functools import cache
 from pathlib import Path
+
+from PIL import Image
 
 from layouts import Layout
 from picture import Area, Colour, Picture
@@ -87,5 +88,5 @@ def content_corner(picture: Picture) -> tuple[int, int]:
 @cache
 def _asset(name: str) -> Picture:
     """On a white background, as the program shows it."""
-    command = ["convert", str(_assets / name), "-background", "white", "-flatten", "-depth", "8", "ppm:-"]
-    return Picture.from_ppm(subprocess.run(command, stdout=subprocess.PIPE, check=True).stdout)
+    image = Image.open(_assets / name).convert("RGBA")
+    return Picture.from_image(Image.alpha_composite(Image.new("RGBA", image.size, "white"), image))

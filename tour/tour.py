@@ -8,7 +8,6 @@ A PROGRAM that ends in ".html" is the page for browsers, which Chromium shows.
 """
 
 import signal
-import subprocess
 import sys
 from pathlib import Path
 
@@ -36,7 +35,7 @@ class PictureFolder:
     def save(self, name: str, content: ContentArea) -> ContentArea:
         self.count += 1
         path = self.folder / f"{self.count:02}-{name}.png"
-        subprocess.run(["convert", "ppm:-", "-strip", f"png:{path}"], input=content.picture.to_ppm(), check=True)
+        content.picture.save(path)
         print(path, flush=True)
         return content
 
@@ -69,23 +68,15 @@ class Tour:
     def wrong_addition(self) -> None:
         content, _ = self.learner.wait_for_operation("addition")
         self.pictures.save("addition", content)
-        self.answer_incorrectly("addition-faux")
-        self.desktop.press("Right")
-        self.pictures.save("addition-etape-1", self.learner.wait_for_correction())
-        self.answer_incorrectly("addition-etape-1-faux")
-        self.desktop.press("Right")
-        self.pictures.save("addition-etape-2", self.learner.wait_for_correction())
-        self.answer_incorrectly("addition-etape-2-faux")
-        self.desktop.press("space")
-        self.pictures.save("addition-resultat", self.learner.wait_for_correction())
+        self.answer_incorrectly("addition-faux", "addition-etape-1")
+        self.answer_incorrectly("addition-etape-1-faux", "addition-etape-2")
+        self.answer_incorrectly("addition-etape-2-faux", "addition-resultat", key="space")
         self.desktop.press("Right")
 
     def right_addition(self) -> None:
         content, operation = self.learner.wait_for_operation("addition")
         self.pictures.save("addition-suivante", content)
-        self.desktop.press(*str(operation.result))
-        typed = self.learner.wait_for("the answer", lambda current: current.picture != content.picture)
-        self.pictures.save("addition-reponse", typed)
+        self.press("addition-reponse", *str(operation.result))
         self.desktop.press("Return")
         self.pictures.save("addition-bravo", self.learner.wait_for_bravo("addition"))
         self.desktop.press("Right")
@@ -122,9 +113,7 @@ class Tour:
 
     def wrong_operation_of_challenge(self) -> None:
         self.learner.wait_for_operation("record")
-        self.answer_incorrectly("record-faux")
-        self.desktop.press("Right")
-        self.pictures.save("record-correction", self.learner.wait_for_correction())
+        self.answer_incorrectly("record-faux", "record-correction")
         self.desktop.press("Right")
 
     def goodbye(self) -> int:
@@ -142,9 +131,7 @@ class Tour:
         self.pictures.save(f"{screen}-bravo", self.learner.answer_correctly(screen))
         self.desktop.press("Right")
         _, operation = self.learner.wait_for_operation(screen)
-        self.answer_incorrectly(f"{screen}-faux")
-        self.desktop.press("Right")
-        self.pictures.save(f"{screen}-correction", self.learner.wait_for_correction())
+        self.answer_incorrectly(f"{screen}-faux", f"{screen}-correction")
         return operation
 
     def press(self, name: str, *keys: str) -> ContentArea:
@@ -153,9 +140,12 @@ class Tour:
         self.desktop.press(*keys)
         return self.pictures.save(name, self.learner.wait_for(name, lambda content: content.picture != before))
 
-    def answer_incorrectly(self, name: str) -> None:
+    def answer_incorrectly(self, name: str, correction: str, key: str = "Right") -> None:
+        """Presses the key to go on to the correction."""
         self.learner.submit(WRONG)
         self.pictures.save(name, self.learner.wait_for_faux())
+        self.desktop.press(key)
+        self.pictures.save(correction, self.learner.wait_for_correction())
 
 
 def main(program: Path, folder: Path) -> int:

@@ -14,7 +14,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "window"))
 
 from base_case import PROGRAM, WindowCase
-from desktop import Desktop
+from desktop import Desktop, DesktopEnvironment
 
 MAX_BYTES = 1_000_000  # of all installed files
 
@@ -22,17 +22,17 @@ ID = "org.chiffrolo.Chiffrolo"  # the application ID on the desktop
 ENTRY = f"share/applications/{ID}.desktop"
 METAINFO = f"share/metainfo/{ID}.metainfo.xml"
 
-# `gio launch` does not wait for the program. The pipe to `cat` does: it is open until the program ends.
-LAUNCHER = """#!/bin/sh
-export PATH='{root}/bin':"$PATH" XDG_DATA_DIRS='{root}/share':/usr/share
-gio launch '{root}/{entry}' 2>&1 | cat >&2
-"""
+
+class Launched(DesktopEnvironment):
+    """`gio launch` does not wait for the program. The pipe to `cat` does: it is open until the program ends."""
+
+    def command_of(self, path: Path) -> list[str]:
+        return ["sh", "-c", 'gio launch "$ENTRY" 2>&1 | cat >&2']
 
 
 class Installation(WindowCase):
     def setUp(self) -> None:
-        scratch = Path(self.enterContext(tempfile.TemporaryDirectory()))
-        self.root, self.launcher = scratch / "root", scratch / "launcher"
+        self.root = Path(self.enterContext(tempfile.TemporaryDirectory()))
         command: list[str | Path] = ["cmake", "--install", PROGRAM.parent, "--prefix", self.root, "--strip"]
         subprocess.run(command, stdout=subprocess.DEVNULL, check=True)
 
@@ -64,9 +64,8 @@ class Installation(WindowCase):
         self.assertEqual(output, f"Chiffrolo {version}\n")
 
     def test_starts_from_the_desktop_entry(self) -> None:
-        self.launcher.write_text(LAUNCHER.format(root=self.root, entry=ENTRY))
-        self.launcher.chmod(0o755)
-        learner = self.start(path=self.launcher)
+        folders = {"PATH": f"{self.root}/bin:{os.environ['PATH']}", "XDG_DATA_DIRS": f"{self.root}/share:/usr/share"}
+        learner = self.start(Launched, variables=folders | {"ENTRY": str(self.root / ENTRY)})
         self.assert_installed_program_has_focus(learner.desktop)
         learner.open("Aurevoir")
         learner.click_arrow("Aurevoir")

@@ -2,14 +2,11 @@
 """Desktop environments for the tests: window managers on X11, and Wayland compositors."""
 
 import subprocess
-import tempfile
 from contextlib import suppress
-from pathlib import Path
 
 import Xlib.display
 from Xlib import Xatom, Xutil
-from desktop import DesktopEnvironment, Display
-from desktop import end_process, start_without_output, variables_without_display, wait_until
+from desktop import DesktopEnvironment, Display, end_process, start_process, variables_without_display, wait_until
 
 PANEL_HEIGHT = 40  # pixels
 WAYLAND_PANEL_COLOUR = (0x40, 0x40, 0x40)
@@ -54,22 +51,15 @@ class StartedEnvironment(DesktopEnvironment):
     def wait_until_ready(self) -> None:
         raise NotImplementedError
 
-    def __init__(self, display: Display):
-        super().__init__(display)
-        self._scratch = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
-        self.home = Path(self._scratch.name)
-        own = {"HOME": self._scratch.name, "XDG_RUNTIME_DIR": self._scratch.name}
+    def start(self) -> None:
+        own = {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home)}
         own |= {"GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
-        self.process = start_without_output(self.command(), display.variables() | own)
-        try:
-            self.wait_until_ready()
-        except BaseException:
-            self.close()
-            raise
+        self.process = start_process(self.command(), self.display.variables() | own)
+        self.callback(self.end)
+        self.wait_until_ready()
 
-    def close(self) -> None:
+    def end(self) -> None:
         end_process(self.process)
-        self._scratch.cleanup()
 
 
 class WindowManager(StartedEnvironment):
@@ -82,12 +72,12 @@ class WindowManager(StartedEnvironment):
         self._panel = Panel(self.display)
         wait_until("the window manager is ready", self._panel.is_reserved)
 
-    def close(self) -> None:
+    def end(self) -> None:
         """Closes the display to end the window manager: ended by a signal, it would leave a message bus running."""
         self.display.close()
         with suppress(subprocess.TimeoutExpired):
             self.process.wait(5)
-        super().close()
+        super().end()
 
 
 class Openbox(WindowManager):
@@ -118,22 +108,19 @@ class Weston(StartedEnvironment):
 
     panel_height = 32  # fixed by weston
     socket = "chiffrolo"
-    backend = ["--backend=x11-backend.so", "--use-pixman"]
+    backend = ["--backend=x11-backend.so", "--use-pixman", "--idle-time=0"]
     settings = """
-[core]
-idle-time=0
 [shell]
 panel-position=top
 panel-color=0xff404040
 clock-format=none
 startup-animation=none
 close-animation=none
-locking=false
 """
 
-    def __init__(self, display: Display):
-        display.set_keyboard_layout("fr")  # weston uses that of the X display
-        super().__init__(display)
+    def start(self) -> None:
+        self.display.set_keyboard_layout("fr")  # weston uses that of the X display
+        super().start()
 
     def command(self) -> list[str]:
         """Writes the file with the settings."""
@@ -160,7 +147,6 @@ locking=false
 
     def kill_display_server(self) -> None:
         self.process.kill()
-        self.process.wait()
 
 
 class HeadlessWeston(Weston):

@@ -7,7 +7,7 @@ import unittest
 
 from base_case import WindowCase
 from screens import LABEL_BORDER, ContentArea
-from text_recognition import Coverage, coverage_of, split
+from text_recognition import coverage_of, split
 
 # The installed fonts whose files match. The program requests none of the last two, and no similar ones.
 FONTS = ("DejaVu*", "DejaVuSansMono*", "KaushanScript*")
@@ -36,14 +36,9 @@ class Fonts(WindowCase):
     def assert_heights_differ(self, content: ContentArea, screen: str) -> None:
         area, colour, background = content.layouts[screen].title
         title = content.picture.crop(content.on_display(area.grown(-LABEL_BORDER)))
-        heights = [height(character) for character in split(coverage_of(title, colour, background))]
+        characters = split(coverage_of(title, colour, background))
+        heights = [(character.max(axis=1) > 0.5).sum() for character in characters]  # in covered rows of pixels
         self.assertGreater(max(heights), MIN_HEIGHT_RATIO * min(heights), heights)
-
-
-def height(coverage: Coverage) -> int:
-    """In pixels, from the first row of the character to the last."""
-    rows = [y for y, row in enumerate(coverage) if max(row) > 0.5]
-    return rows[-1] - rows[0] + 1 if rows else 0
 
 
 if __name__ == "__main__":

@@ -15,8 +15,7 @@ from listener import Listener
 
 class PlayedWithScreenReader(WindowCase):
     def test_levels_and_challenge_can_be_completed(self) -> None:
-        listener = Listener()
-        self.addCleanup(listener.close)
+        listener = self.enterContext(Listener())
         variables = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         desktop = self.enterContext(Desktop(PROGRAM, variables=variables))
         learner = BlindLearner(self, listener, desktop.press)

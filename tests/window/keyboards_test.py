@@ -21,7 +21,8 @@ def codes(first: int, digits: str) -> dict[str, str]:
 DIGIT_ROW = codes(10, "1234567890")
 KEYPAD = codes(79, "789") | codes(83, "456") | codes(87, "1230")
 RIGHT_OF_ZERO, SECOND_RIGHT_OF_ZERO, LEFT_OF_RIGHT_SHIFT = "20", "21", "61"
-SHIFT, ALT_GR, CAPS_LOCK, NUM_LOCK = "50", "108", "66", "77"
+SHIFT, ALT_GR = "50+", "108+"  # held down while the next key is pressed
+CAPS_LOCK, NUM_LOCK = "66", "77"
 
 
 class Layout(NamedTuple):
@@ -29,16 +30,15 @@ class Layout(NamedTuple):
     variant: str
     digits_need_shift: bool  # in other programs
     equals: str
-    equals_needs_shift: bool = False
 
 
 FRENCH = Layout("fr", "", True, SECOND_RIGHT_OF_ZERO)
 LAYOUTS = [
     FRENCH,
     Layout("fr", "bepo", True, RIGHT_OF_ZERO),
-    Layout("fr", "afnor", True, LEFT_OF_RIGHT_SHIFT, equals_needs_shift=True),
+    Layout("fr", "afnor", True, SHIFT + LEFT_OF_RIGHT_SHIFT),
     Layout("be", "", True, LEFT_OF_RIGHT_SHIFT),
-    Layout("ch", "fr", False, DIGIT_ROW["0"], equals_needs_shift=True),
+    Layout("ch", "fr", False, SHIFT + DIGIT_ROW["0"]),
     Layout("ca", "", False, SECOND_RIGHT_OF_ZERO),
     Layout("us", "", False, SECOND_RIGHT_OF_ZERO),
 ]
@@ -64,29 +64,22 @@ class OnX11(WindowCase):
     def play(self, layout: Layout) -> None:
         self.answer(DIGIT_ROW, layout)
         if layout.digits_need_shift:
-            self.answer(DIGIT_ROW, layout, with_shift=True)
+            self.answer(DIGIT_ROW, layout, modifier=SHIFT)
         self.answer(KEYPAD, layout)
         self.answer(KEYPAD, layout, NUM_LOCK)
         if layout is FRENCH:
             self.learner.wait_for_operation("addition")
             if self.knows_alt_gr:  # types characters that are not added to the answer
-                self.desktop.press_with(ALT_GR, *DIGIT_ROW.values())
+                self.desktop.press(*(ALT_GR + key for key in DIGIT_ROW.values()))
             self.answer(DIGIT_ROW, layout, CAPS_LOCK)
 
-    def answer(self, keys: dict[str, str], layout: Layout, *locks: str, with_shift: bool = False) -> None:
+    def answer(self, keys: dict[str, str], layout: Layout, *locks: str, modifier: str = "") -> None:
         """Answers an operation. `keys` are key codes by digit. `locks` are on meanwhile."""
         _, operation = self.learner.wait_for_operation("addition")
-        self.press(False, *locks)
-        self.press(with_shift, *(keys[digit] for digit in str(operation.result)))
-        self.press(layout.equals_needs_shift, layout.equals)
+        digits = [modifier + keys[digit] for digit in str(operation.result)]
+        self.desktop.press(*locks, *digits, layout.equals)
         self.learner.wait_for_bravo("addition")
         self.desktop.press("Right", *locks)
-
-    def press(self, with_shift: bool, *keys: str) -> None:
-        if with_shift:
-            self.desktop.press_with(SHIFT, *keys)
-        elif keys:
-            self.desktop.press(*keys)
 
 
 class OnWayland(OnX11):

@@ -2,6 +2,7 @@
 """Reads the accessibility tree and receives announcements over the accessibility bus, as a screen reader does."""
 
 from collections.abc import Callable
+from contextlib import ExitStack
 
 import pyatspi
 from gi.repository import GLib
@@ -11,15 +12,14 @@ from desktop import wait_until
 SHOWN = "object:state-changed:showing"
 
 
-class Listener:
+class Listener(ExitStack):
     """A client of the accessibility bus. Starts that bus if necessary, so create it before the program starts."""
 
     def __init__(self) -> None:
+        super().__init__()
         self._announcements: list[str] = []
         pyatspi.Registry.registerEventListener(self._on_event, SHOWN)
-
-    def close(self) -> None:
-        pyatspi.Registry.deregisterEventListener(self._on_event, SHOWN)
+        self.callback(pyatspi.Registry.deregisterEventListener, self._on_event, SHOWN)
 
     def _on_event(self, event: "pyatspi.event.Event") -> None:
         if event.detail1 == 1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
@@ -62,14 +62,14 @@ class Listener:
 
     def texts(self, screen: str) -> list[str]:
         """The texts on the drawing surface of a screen, from top to bottom."""
-        parts = descendants(self.wait_for_screen(screen))
-        surface = next(part for part in parts if part.getRole() == pyatspi.ROLE_CANVAS)
-        labels = [part.name for part in descendants(surface) if part.getRole() == pyatspi.ROLE_LABEL]
-        return [text for text in labels if text not in ("", "Chiffrolo")]
+        page = self.wait_for_screen(screen)
+        surface = pyatspi.findDescendant(page, lambda part: part.getRole() == pyatspi.ROLE_CANVAS)
+        labels = pyatspi.findAllDescendants(surface, lambda part: part.getRole() == pyatspi.ROLE_LABEL)
+        return [label.name for label in labels if label.name not in ("", "Chiffrolo")]
 
     def press_button(self, screen: str, name: str) -> None:
         """Uses the accessible action of the button."""
-        button = next(part for part in descendants(self.wait_for_screen(screen)) if part.name == name)
+        button = pyatspi.findDescendant(self.wait_for_screen(screen), lambda part: part.name == name)
         action = button.queryAction()
         index = [action.getName(number) for number in range(action.nActions)].index("Press")
         action.doAction(index)
@@ -78,8 +78,3 @@ class Listener:
     def _pages() -> list[pyatspi.Accessible]:
         desktop = pyatspi.Registry.getDesktop(0)
         return [page for program in desktop if program for window in program if window for page in window if page]
-
-
-def descendants(element: pyatspi.Accessible) -> list[pyatspi.Accessible]:
-    children = [child for child in element if child is not None]
-    return children + [further for child in children for further in descendants(child)]

@@ -8,8 +8,6 @@ bus: `dbus-run-session -- trust_test.py`.
 
 import os
 import re
-import shlex
-import tempfile
 import unittest
 from pathlib import Path
 from typing import NamedTuple
@@ -17,7 +15,7 @@ from typing import NamedTuple
 from gi.repository import Gio
 
 from base_case import PROGRAM
-from desktop import Desktop, wait_until
+from desktop import Desktop, DesktopEnvironment, wait_until
 from listener import Listener
 from tour import PictureFolder, Tour
 
@@ -40,6 +38,23 @@ class Call(NamedTuple):
         return decode_escapes(found[1]) if found else self.arguments
 
 
+class Traced(DesktopEnvironment):
+    """Runs the program under strace. With -D, the started process becomes the program itself."""
+
+    tracer = "strace -D -f -q -s 4096 -e signal=none -e trace=%network,%file,%process"
+
+    def command_of(self, path: Path) -> list[str]:
+        return [*self.tracer.split(), "-o", str(self.home / "trace"), str(path)]
+
+    def variables(self) -> dict[str, str]:
+        """Uses an empty folder, so that no library finds files of an earlier run."""
+        empty = self.home / "empty"
+        empty.mkdir(mode=0o700)
+        own = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "HOME": str(empty), "XDG_RUNTIME_DIR": str(empty)}
+        own |= {f"XDG_{kind}_HOME": str(empty / kind) for kind in ("CACHE", "CONFIG", "DATA", "STATE")}
+        return super().variables() | own
+
+
 class SystemCalls(unittest.TestCase):
     display: str
     calls: list[Call]
@@ -47,22 +62,15 @@ class SystemCalls(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls) -> None:
-        """Uses an empty home folder, so that no library finds files of an earlier run."""
-        folder = Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
-        home = folder / "home"
-        home.mkdir(mode=0o700)
-        listener = Listener()
-        cls.addClassCleanup(listener.close)
-        variables = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "HOME": str(home), "XDG_RUNTIME_DIR": str(home)}
-        variables |= {f"XDG_{kind}_HOME": str(home / kind) for kind in ("CACHE", "CONFIG", "DATA", "STATE")}
-        with Desktop(traced_program(folder), variables=variables) as desktop:
+        with Listener() as listener, Desktop(PROGRAM, Traced) as desktop:
             cls.display = f"/tmp/.X11-unix/X{desktop.display.name.removeprefix(':')}"
             assert "Entrainement" in listener.texts("Accueil")
-            assert Tour(desktop, PictureFolder(folder / "pictures")).play() == 0, desktop.program.error_output()
-        trace = folder / "trace"
-        wait_until("the tracer has ended", lambda: trace.read_bytes().endswith(b"+++ exited with 0 +++\n"))
-        cls.calls = [Call(*call) for call in CALL.findall(trace.read_text(encoding="utf-8", errors="replace"))]
-        cls.created_files = list(home.rglob("*"))
+            home = desktop.environment.home
+            assert Tour(desktop, PictureFolder(home / "pictures")).play() == 0, desktop.program.error_output()
+            trace = home / "trace"
+            wait_until("the tracer has ended", lambda: trace.read_bytes().endswith(b"+++ exited with 0 +++\n"))
+            cls.calls = [Call(*call) for call in CALL.findall(trace.read_text(encoding="utf-8", errors="replace"))]
+            cls.created_files = list((home / "empty").rglob("*"))
 
     def calls_of(self, pattern: str) -> list[Call]:
         return [call for call in self.calls if re.fullmatch(pattern, call.name)]
@@ -93,16 +101,6 @@ class SystemCalls(unittest.TestCase):
 def decode_escapes(text: str) -> str:
     """The tracer prints characters that are not ASCII as escapes of their bytes."""
     return os.fsdecode(text.encode("ascii").decode("unicode_escape").encode("latin-1"))
-
-
-def traced_program(folder: Path) -> Path:
-    """A script that starts the program under strace. With -D, the started process becomes the program itself."""
-    tracer = "strace -D -f -q -s 4096 -e signal=none -e trace=%network,%file,%process"
-    command = shlex.join([*tracer.split(), "-o", str(folder / "trace"), str(PROGRAM)])
-    script = folder / "traced"
-    script.write_text(f"#!/bin/sh\nexec {command}\n", encoding="utf-8")
-    script.chmod(0o700)
-    return script
 
 
 def accessibility_bus() -> str:
