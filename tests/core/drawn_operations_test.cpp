@@ -1,124 +1,100 @@
 // SPDX-License-Identifier: MIT
-#include "modes/long_division.h"
-#include "tests/core/operation.h"
-#include "tests/core/operation_sampler.h"
+#include "recording/recording_platform.h"
+#include "screens.h"
+#include "tests/core/rows.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
 #include <cmath>
+#include <map>
+#include <set>
 
 namespace chiffrolo::test {
 
 namespace {
 
-/// At each score that may change the level. The draws are many enough for every outcome to come.
-class DrawnOperations : public testing::TestWithParam<int> {
-protected:
-  const int score = GetParam();
-};
-class Additions : public DrawnOperations {};
-class Multiplications : public DrawnOperations {};
-class Divisions : public DrawnOperations {};
+/// The largest random number.
+#define MOST "0.9999999999999999"
 
-INSTANTIATE_TEST_SUITE_P(Scores, Additions, testing::Values(0, 5, 6));
-INSTANTIATE_TEST_SUITE_P(Scores, Multiplications, testing::Values(0, 2, 3, 4, 5, 9));
-INSTANTIATE_TEST_SUITE_P(Scores, Divisions, testing::Values(0, 2, 3, 4, 5));
+// ---- Exercises: the smallest and the largest numbers at the scores that change them ------------------
 
-TEST_P(Additions, areUniform) {
-  constexpr int drawCount = 100000;
-  OperationSampler sampler(ScreenName::addition);
-  Counts<bool> signs;
-  Counts<std::pair<int, int>> numbers;
-  for (int draw = 0; draw < drawCount; ++draw) {
-    const auto& shared = sampler.draw(score);
-    const auto [left, sign, right] = parsed(shared.operation);
-    const bool adds = sign == '+';
-    const int result = adds ? left + right : left - right;
-    ASSERT_EQ(shared.resultat, result) << shared.operation;
-    const auto tens = parsed(shared.termes[2]);
-    const auto units = parsed(shared.termes[3]);
-    ASSERT_EQ(std::pair(tens.left, tens.right), std::pair(left, right - right % 10)) << shared.operation;
-    ASSERT_EQ(std::pair(units.left, units.right),
-              std::pair(adds ? left + tens.right : left - tens.right, right % 10));
-    ++signs[adds];
-    ++numbers[{adds ? left : result, right}];
-  }
-  // Two-digit numbers without the digit 0. Up to a score of 5, their sum is below 100.
-  std::size_t pairs = 0;
-  for (int first = 11; first < 100; ++first)
-    for (int second = 11; second < 100; ++second)
-      pairs += first % 10 != 0 && second % 10 != 0 && (score > 5 || first + second < 100) ? 1 : 0;
-  EXPECT_TRUE(isUniform(numbers, pairs)) << numbers.size() << " of " << pairs;
-  // Additions have a probability of 0.3. The tolerance is five standard deviations.
-  EXPECT_NEAR(signs[true], 0.3 * drawCount, 5 * std::sqrt(drawCount * 0.3 * 0.7));
+#define DRAWN(button, screen, score, numbers)                                                                \
+  "click " button "\nset score " score "\nfront accueil\nrnd " numbers "\nfront " screen
+#define ADDITION(score, numbers) DRAWN("Commande1", "addition", score, numbers)
+#define MULTIPLICATION(score, numbers) DRAWN("Commande2", "multiplication", score, numbers)
+#define DIVISION(score, numbers) DRAWN("Commande3", "division", score, numbers)
+
+ROWS(DrawnOperations, visibleText, {"smallestAddition", ADDITION("0", "0 0 0 0 0"), "11 + 11 = ?"},
+     {"sumOf100IsDrawnAgainAtScore5", ADDITION("5", "0 0 0 0.8 " MOST " 0 0 0.8 0.8"), "11 + 88 = ?"},
+     {"largestAdditionFromScore6", ADDITION("6", "0.2999 " MOST " " MOST " " MOST " " MOST), "99 + 99 = ?"},
+     {"largestSubtraction", ADDITION("6", "0.3 " MOST " " MOST " " MOST " " MOST), "198 - 99 = ?"},
+
+     {"productOf100IsDrawnAgainAtScore2", MULTIPLICATION("2", "0.5 0.12 0.5 0 0.5 0.3 0.3 0 0.25"),
+      "3 x 33 = ?"},
+     {"largestMultiplicationAtScore3", MULTIPLICATION("3", "0.4999 " MOST " " MOST " 0 " MOST), "99 x 5 = ?"},
+     {"smallestMultiplicationAtScore4", MULTIPLICATION("4", "0 0 0 0 0"), "11 x 2 = ?"},
+     {"smallestMultiplicationFromScore5", MULTIPLICATION("5", "0.5 0 0 0"), "3 x 11 = ?"},
+     {"largestMultiplicationFromScore5", MULTIPLICATION("5", "0 " MOST " " MOST " " MOST), "99 x 9 = ?"},
+
+     {"smallestDivision", DIVISION("0", "0 0"), "22 : 2 = ?"},
+     {"largestDivisionAtScore2", DIVISION("2", MOST " " MOST), "495 : 5 = ?"},
+     {"thousandsAreSetApart", DIVISION("3", "0.4945 0"), "1 000 : 2 = ?"},
+     {"hundredsAreNotSetApart", DIVISION("3", "0.3256 0.25"), "999 : 3 = ?"},
+     {"largestDivisionAtScore4", DIVISION("4", MOST " " MOST), "4 995 : 5 = ?"},
+     {"smallestDivisionFromScore5", DIVISION("5", "0 0"), "66 : 6 = ?"},
+     {"largestDivisionFromScore5", DIVISION("5", MOST " " MOST), "8 991 : 9 = ?"});
+
+// ---- The challenge: with the answers, which a correction shows ---------------------------------------
+
+#define CORRECTED(numbers) "rnd " numbers "\nclick Commande4\nkey 0\nkey =\nkey x"
+#define AFTER(right, numbers)                                                                                \
+  "click Commande4\nset reussies " right "\nkey 0\nkey =\nkey x\nrnd " numbers "\nkey Right"
+
+ROWS(MixedOperations, visibleText,
+     {"sumOf40IsDrawnAgain", CORRECTED("0 0 " MOST " 0.12 0.012 " MOST " 0.12"), "12 + 29 = 41 | Score = 0"},
+     {"largestAddition", CORRECTED("0.2499 " MOST " " MOST " " MOST), "98 + 99 = 197 | Score = 0"},
+     {"smallestSubtraction", CORRECTED("0.25 0 0 0 0"), "42 - 21 = 21 | Score = 0"},
+     {"largestSubtraction", CORRECTED("0.4999 " MOST " " MOST " " MOST " " MOST),
+      "188 - 99 = 89 | Score = 0"},
+     {"smallestMultiplication", CORRECTED("0.5 0 0 0 0.4999"), "2 x 21 = 42 | Score = 0"},
+     {"largestMultiplication", CORRECTED("0.7499 " MOST " " MOST " " MOST " 0.5"),
+      "99 x 9 = 891 | Score = 0"},
+     {"smallestDivision", CORRECTED("0.75 0 0 0"), "22 : 2 = 11 | Score = 0"},
+     {"largestDivision", CORRECTED(MOST " " MOST " " MOST " " MOST), "891 : 9 = 99 | Score = 0"},
+     {"onlyMultiplicationsAreLeft", AFTER("5 5 4 5", "0 " MOST " 0.25 0.5 0 0 0 0"), "2 x 21 = ?"},
+     {"onlyAdditionsAreLeft", AFTER("4 5 5 5", MOST " 0.5 0.25 0 " MOST " " MOST " " MOST), "98 + 99 = ?"},
+     {"anyKindIsDrawnWhenNoneIsLeft", AFTER("5 5 5 5", "0.5 0 0 0 0"), "2 x 21 = ?"});
+
+// ---- Random numbers ----------------------------------------------------------------------------------
+
+std::string drawnAt(std::uint64_t timeOfDay, ScreenName screen) {
+  RecordingPlatform platform({}, timeOfDay);
+  Program program(platform, allScreens);
+  program.start();
+  program.Show(screen);
+  return program.shared().operation;
 }
 
-TEST_P(Multiplications, areUniform) {
-  constexpr int drawCount = 20000;
-  OperationSampler sampler(ScreenName::multiplication);
-  Counts<std::pair<int, int>> factors;
-  Counts<bool> numberFirst;
-  for (int draw = 0; draw < drawCount; ++draw) {
-    const auto& shared = sampler.draw(score);
-    const auto [left, sign, right] = parsed(shared.operation);
-    const bool first = left > 9;
-    const int number = std::max(left, right);
-    const int multiplier = std::min(left, right);
-    const auto tens = parsed(shared.termes[2]);
-    const auto units = parsed(shared.termes[3]);
-    ASSERT_EQ(std::pair(first ? tens.left : tens.right, first ? tens.right : tens.left),
-              std::pair(number - number % 10, multiplier));
-    ASSERT_EQ(std::pair(first ? units.left : units.right, first ? units.right : units.left),
-              std::pair(number % 10, multiplier));
-    ++factors[{number, multiplier}];
-    ++numberFirst[first];
-  }
-  std::size_t pairs = 0;
-  for (int number = 11; number < 100; ++number)
-    for (int multiplier = score < 5 ? 2 : 3; multiplier <= (score < 5 ? 5 : 9); ++multiplier)
-      pairs += number % 10 != 0 && (score > 2 || number * multiplier < 100) ? 1 : 0;
-  EXPECT_TRUE(isUniform(factors, pairs)) << factors.size() << " of " << pairs;
-  EXPECT_TRUE(isUniform(numberFirst, 2));
-}
-
-TEST_P(Divisions, areUniform) {
-  constexpr int drawCount = 20000;
-  OperationSampler sampler(ScreenName::division);
-  Counts<int> quotients;
-  Counts<int> divisors;
-  for (int draw = 0; draw < drawCount; ++draw) {
-    const auto& shared = sampler.draw(score);
-    const auto [dividend, sign, divisor] = parsed(shared.operation);
-    ASSERT_EQ(shared.resultat * divisor, dividend) << shared.operation;
-    ASSERT_EQ(shared.operation.find(' ') == 1, dividend > 999) << shared.operation;
-    ++quotients[shared.resultat];
-    ++divisors[divisor];
-  }
-  EXPECT_EQ(quotients.begin()->first, 11);
-  EXPECT_EQ(quotients.rbegin()->first, score <= 2 ? 99 : 999);
-  EXPECT_TRUE(isUniform(quotients, score <= 2 ? 89 : 989));
-  EXPECT_EQ(divisors.begin()->first, score <= 4 ? 2 : 6);
-  EXPECT_TRUE(isUniform(divisors, 4));
-}
-
-TEST(DrawnOperations, dependOnTheTimeOfDay) {
+TEST(RandomNumbers, dependOnTheTimeOfDay) {
   using enum ScreenName;
   for (const auto screen : {addition, multiplication, division, record}) {
-    OperationSampler early(screen, 1);
-    OperationSampler late(screen, 2);
-    int equal = 0;
-    for (int draw = 0; draw < 20; ++draw)
-      equal += early.draw(0).operation == late.draw(0).operation ? 1 : 0;
-    EXPECT_LT(equal, 10) << static_cast<int>(screen);
+    std::set<std::string> operations;
+    for (std::uint64_t timeOfDay = 0; timeOfDay < 20; ++timeOfDay)
+      operations.insert(drawnAt(timeOfDay, screen));
+    EXPECT_GT(operations.size(), 10U) << static_cast<int>(screen);
   }
 }
 
-TEST(LongDivisionDigits, areEmptyOutsideTheQuotient) {
-  const LongDivision division(62, 6);
-  for (const int index : {0, -1, 3, 32767})
-    EXPECT_EQ(division.quotientDigit(index), "") << index;
+/// The tolerance is five standard deviations.
+TEST(RandomNumbers, areUniformAndIndependentAlthoughTheClockStandsStill) {
+  RandomNumbers random([] { return 7U; });
+  std::map<int, int> counts;
+  for (int draw = 0; draw < 40500; ++draw) {
+    random.Randomize();
+    const int tens = random.whole(9, 1);
+    ++counts[10 * tens + random.whole(9, 1)];
+  }
+  EXPECT_EQ(counts.size(), 81U);
+  for (const auto& [number, count] : counts)
+    EXPECT_NEAR(count, 500, 5 * std::sqrt(500)) << number;
 }
 
 } // namespace

@@ -1,13 +1,73 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/core/scenario_session.h"
+#include "recording/player.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
+
 namespace chiffrolo::test {
 
-/// One row of a table of tests: the scenario to play and what the learner perceives of its last line.
+/// What the learner perceives of a scenario. Lists are joined: "47 + 35 = ? | Score = 1".
+class PlayedScenario {
+public:
+  /// Plays `scenario`, one command per line.
+  explicit PlayedScenario(const std::string& scenario) {
+    std::istringstream lines(scenario);
+    for (std::string line; std::getline(lines, line);) {
+      announcement();
+      effects_.clear();
+      player_.play(line);
+    }
+  }
+
+  /// The visible texts of the active screen.
+  std::string visibleText() {
+    std::vector<std::string> texts;
+    for (const auto& visible : program().visibleTexts(program().active().value()))
+      texts.push_back(visible.text());
+    return joined(texts, " | ");
+  }
+
+  /// What a screen reader reads of the active screen: "47 plus 35 égale ? | Score égale 1".
+  std::string spokenText() {
+    std::vector<std::string> texts;
+    for (const auto& text : program().spokenTexts(program().active().value()))
+      texts.push_back(text.words);
+    return joined(texts, " | ");
+  }
+
+  /// What a screen reader announces of the last line.
+  std::string announcement() { return program().takeAnnouncement(); }
+
+  /// The transcript lines of the last line that begin with one of `prefixes`.
+  std::string effects(const std::vector<std::string_view>& prefixes) {
+    std::erase_if(effects_, [&](const std::string& effect) {
+      return std::ranges::none_of(prefixes, [&](auto prefix) { return effect.starts_with(prefix); });
+    });
+    return joined(effects_, ", ");
+  }
+
+  /// The screens that the last line loads, activates and unloads, and the end of the program.
+  std::string screenChanges() { return effects({"load ", "activate ", "unload ", "end"}); }
+
+private:
+  static std::string joined(const std::vector<std::string>& items, const std::string& separator) {
+    std::string list;
+    for (const auto& item : items)
+      list += (list.empty() ? "" : separator) + item;
+    return list;
+  }
+
+  Program& program() { return player_.program(); }
+
+  std::vector<std::string> effects_;
+  Player player_{[this](std::string_view line) { effects_.emplace_back(line); }};
+};
+
+/// One row of a table of tests.
 struct Row {
   const char* name;
   std::string scenario;
@@ -18,34 +78,12 @@ inline void PrintTo(const Row& row, std::ostream* out) { *out << row.scenario; }
 
 inline std::string nameOfRow(const testing::TestParamInfo<Row>& info) { return info.param.name; }
 
-/// The function of `ScenarioSession` that returns what the learner perceives.
-using Perception = std::string (ScenarioSession::*)();
-
-/// The result of `perception` after the last line of the scenario. What it returns for the lines before that
-/// one is dropped.
-inline std::string perceived(const Row& row, Perception perception) {
-  const auto last = row.scenario.rfind('\n') + 1; // 0 if there is only one line
-  ScenarioSession session(row.scenario.substr(0, last));
-  (session.*perception)();
-  session.play(row.scenario.substr(last));
-  return (session.*perception)();
-}
-
-/// The transcript lines of the last line of the scenario that begin with `prefix`, joined by ", ".
-inline std::string lastEffects(const std::string& scenario, std::string_view prefix) {
-  const auto last = scenario.rfind('\n') + 1;
-  ScenarioSession session(scenario.substr(0, last));
-  session.takeEffects({});
-  session.play(scenario.substr(last));
-  return session.takeEffects({prefix});
-}
-
 } // namespace chiffrolo::test
 
-/// Defines one test for each of the given rows. `perception` is the name of a function of `ScenarioSession`.
+/// Defines one test for each of the given rows. `perception` is the name of a function of `PlayedScenario`.
 #define ROWS(suite, perception, ...)                                                                         \
   class suite : public testing::TestWithParam<Row> {};                                                       \
   TEST_P(suite, perception) {                                                                                \
-    EXPECT_EQ(perceived(GetParam(), &ScenarioSession::perception), GetParam().expected);                     \
+    EXPECT_EQ(PlayedScenario(GetParam().scenario).perception(), GetParam().expected);                        \
   }                                                                                                          \
   INSTANTIATE_TEST_SUITE_P(Rows, suite, testing::ValuesIn(std::vector<Row>{__VA_ARGS__}), nameOfRow)

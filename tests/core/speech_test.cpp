@@ -11,10 +11,11 @@ namespace {
 #define MULTIPLICATION "rnd 0 0 0.12 0 0.5\nclick Commande2\n"
 #define DIVISION "rnd 0.1517 0\nclick Commande3\n"
 #define LONG_DIVISION DIVISION "key 9\nkey Enter\nkey x\n"
+#define CHALLENGE "rnd 0 0.11 0.7 0.4\nclick Commande4\n" // 20 + 47
 
 // ---- Announcements after the last command of a scenario ----------------------------------------------
 
-ROWS(Announcement, takeAnnouncement,
+ROWS(Announcement, announcement,
      {"newScreenIsAnnouncedFromTheTop", "rnd 0 0 0.12 0 0.5\nclick Commande2",
       "Multiplications. Chiffrolo. 12 fois 4 égale ?"},
      {"typedDigitIsAnnounced", MULTIPLICATION "key 4", "4"},
@@ -28,22 +29,20 @@ ROWS(Announcement, takeAnnouncement,
       MULTIPLICATION "key 9\nkey Enter\nkey x\nkey 3\nkey Enter\nkey x",
       "10 fois 4 égale 40. 2 fois 4 égale ?"},
      {"correctionOfADivisionIsAnnounced", DIVISION "key 9\nkey Enter\nkey x", "correction. 4 8. 2"},
+     {"nextDivisionAnnouncesTheTitle", LONG_DIVISION "key 2\nrnd 0 0\nkey Escape",
+      "Chiffrolo. 22 divisé par 2 égale ?"},
      {"wrongGuessAnnouncesTheRightDigit", LONG_DIVISION "key 3", "faux : 2"},
      {"remainderAndDigitBroughtDownAreAnnounced", LONG_DIVISION "key 2\nkey 7", "faux : 0, 8"},
      {"endOfCorrectionAnnouncesScore", LONG_DIVISION "key 2\nkey 0\nkey 4\nkey 0",
       "juste : 0. Score égale 0. en cas d'erreur, la correction est affichée en rouge"},
-     {"stopwatchIsNotAnnounced", "click Commande4\nwait 1000", ""},
-     {"resultsTableIsAnnounced", "rnd 0.1 0.11 0.7 0.4\nclick Commande4\nkey Escape",
+     {"stopwatchIsNotAnnounced", CHALLENGE "wait 1000", ""},
+     {"resultsTableIsAnnounced", CHALLENGE "key Escape",
       "Résultats. Opérations. effectuées. réussies. pour cent de réussite. additions. 1. 0. 0 pour cent. "
       "soustractions. 0. 0. multiplications. 0. 0. divisions. 0. 0. Total. 1. 0. 0 pour cent"},
      {"homeScreenIsAnnounced", DIVISION "key Escape", "Accueil. Chiffrolo. Entrainement"},
      {"endOfProgramIsNotAnnounced", "click Commande5\nclick flèche", ""});
 
-TEST(FirstAnnouncement, doesNotContainTheFirstScreen) {
-  ScenarioSession session;
-  session.play("key Left");
-  EXPECT_EQ(session.takeAnnouncement(), "");
-}
+TEST(FirstAnnouncement, doesNotContainTheFirstScreen) { EXPECT_EQ(PlayedScenario("").announcement(), ""); }
 
 // ---- Spoken texts of the active screen ---------------------------------------------------------------
 
@@ -53,18 +52,12 @@ ROWS(SpokenTexts, spokenText,
       "10 fois 4 égale 40 | plus 2 fois 4 égale 8 | 12 fois 4 égale ?"},
      {"verdictsRemainDuringTheCorrection", LONG_DIVISION "key 2\nkey 0\nkey 5",
       "4 8 | 2 | juste : 0, 8 | juste : 2, faux : 4 | ?"},
+     {"oneSecondIsSingular", CHALLENGE "wait 1000", "1 seconde | 20 plus 47 égale ?"},
+     {"stopwatchIsSpokenInSeconds", CHALLENGE "set chrono 119\nwait 1000",
+      "120 secondes | 20 plus 47 égale ?"},
+     {"fifthDigitOfTheStopwatchIsNotSpoken", CHALLENGE "set chrono 9999\nwait 1000",
+      "0 seconde | 20 plus 47 égale ?"},
      {"minusSignIsSpokenAsAWord", "rnd 0.5 0.7 0.4 0.3 0.5\nclick Commande1", "82 moins 35 égale ?"});
-
-TEST(Speech, stopwatchIsSpokenInSeconds) {
-  const auto time = [](std::vector<Word> cells) {
-    for (Word& cell : cells)
-      cell.role = TextRole::stopwatch;
-    return spoken({cells, {}});
-  };
-  EXPECT_EQ(time({{"0"}, {"0"}, {"0"}, {"0"}}), "0 seconde");
-  EXPECT_EQ(time({{"0"}, {"0"}, {"0"}, {"1"}}), "1 seconde");
-  EXPECT_EQ(time({{"0"}, {"1"}, {"2"}, {"0"}}), "120 secondes");
-}
 
 /// With some fonts, there is no gap between them.
 TEST(Speech, equalsSignBesideANumberIsAWord) {

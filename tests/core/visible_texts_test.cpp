@@ -24,9 +24,6 @@ protected:
     surface.CurrentY = y;
     surface.Print(text, Then::sameLine);
   }
-  void eraseBox(Point corner, Point opposite) {
-    surface.Line(corner, opposite, QBColor(15), Form::filledBox);
-  }
 
   std::string visibleText() const {
     std::string texts;
@@ -53,14 +50,6 @@ TEST_F(SurfaceTexts, printContinuesInTheNextZoneOrOnTheNextLine) {
   EXPECT_EQ(texts[2].place.top, 111.25F);
 }
 
-TEST_F(SurfaceTexts, filledBoxErasesCharactersWhoseCentreItCovers) {
-  print(100, 100, "1234");
-  eraseBox({112, 90}, {117, 120}); // the centres of 3 and 4 are at 112.5 and 117.5
-  EXPECT_EQ(visibleText(), "12 4");
-  eraseBox({108, 120}, {102, 90}); // corners in any order; the centres of 1 and 2 are at 102.5 and 107.5
-  EXPECT_EQ(visibleText(), "4");
-}
-
 TEST_F(SurfaceTexts, outlinesEraseOnlyWhenFilled) {
   print(100, 100, "12");
   print(142.5F, 66, "3");
@@ -69,31 +58,10 @@ TEST_F(SurfaceTexts, outlinesEraseOnlyWhenFilled) {
   surface.Circle({105, 105}, 40, QBColor(8), 0.7F);
   EXPECT_EQ(visibleText(), "3 | 12 | 4");
   surface.FillStyle = Fill::solid;
-  surface.Circle({145, 105}, 40, QBColor(8),
-                 0.7F); // from (105, 77) to (185, 133); covers the centre of the 2
+  surface.Circle({145, 105}, 40, QBColor(8), 0.7F); // (105, 77) to (185, 133): covers the centre of the 2
   EXPECT_EQ(visibleText(), "3 | 1 | 4");
-  surface.Line({90, 90}, {200, 200}, QBColor(3), Form::box);
+  surface.Line({200, 200}, {90, 90}, QBColor(3), Form::box); // corners in any order
   EXPECT_EQ(visibleText(), "3");
-}
-
-TEST_F(SurfaceTexts, whiteTextIsVisibleOnRedAndErasesTheSameTextOnWhite) {
-  surface.FillStyle = Fill::solid;
-  surface.FillColor = QBColor(4);
-  surface.Circle({320, 252}, 40, QBColor(8), 0.7F);
-  print(310, 246, "Bravo", 15);
-  print(100, 100, "1?2?");
-  print(105, 100, "?", 15); // same character, same place: erases it
-  print(100, 100, "7", 15); // different character: no effect
-  print(115, 130, "?", 15); // same character, different place: no effect
-  EXPECT_EQ(visibleText(), "1 2? | Bravo");
-  print(105, 100, "6");
-  EXPECT_EQ(visibleText(), "162? | Bravo");
-}
-
-TEST_F(SurfaceTexts, textPrintedTwiceIsListedOnce) {
-  print(100, 100, "42");
-  print(100, 100, "42", 12);
-  EXPECT_EQ(visibleText(), "42");
 }
 
 TEST_F(SurfaceTexts, clsErasesTextsAndBoxes) {
