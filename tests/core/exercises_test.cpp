@@ -100,6 +100,8 @@ ROWS(MultiplicationAndDivision, visibleText,
       DIVISION "set score 4\nkey Escape\n" DIVISION "key 2\nkey 4\nkey Enter", "48 : 2 = 24" FIRST_POINT},
      {"leadingZeroOfQuotientIsIgnored", DIVISION "key 0", "48 : 2 = ?"},
      {"laterZeroOfQuotientIsAccepted", DIVISION "key 2\nkey 0", "48 : 2 = 20 ?"},
+     {"timeLimitRunsForTheNextDivision", DIVISION "key 2\nkey 4\nkey Enter\nrnd 0 0\nkey Enter\nwait 30000",
+      "22 : 2 =" TIME_LIMIT_TEXT},
      {"divisionTimeLimitShowsInstruction", DIVISION "wait 30000", "48 : 2 =" TIME_LIMIT_TEXT},
      {"enterAndRightRevealNoDigit", LONG_DIVISION "key Enter\nkey Right", "4 8 | 2 | ?"},
      {"quotientWithZeroIsCorrected", // 505 : 5
