@@ -28,6 +28,8 @@ ROWS(Challenge, visibleText, {"enterShowsCorrection", WRONG "key Enter", "20 + 4
       CHALLENGE "wait 2900\nkey 9\nkey =\nwait 60000\nkey x\nwait 60000\n" NEXT "wait 1999",
       "0 0 0 3 | 85 - 38 = ?"},
      {"stopwatchStopsAtItsMaximum", CHALLENGE "set chrono 32767\nwait 1000", "2 7 6 7 | 20 + 47 = ?"},
+     {"stopwatchOfTheSecondChallengeStartsFromZero",
+      CHALLENGE "wait 5000\nkey Escape\nkey Enter\n" CHALLENGE "wait 1000", "0 0 0 1 | 20 + 47 = ?"},
      {"secondChallengeStartsFromZero",
       CHALLENGE
       "set chrono 50\nset effectuees 6 7 8 9\nset reussies 5 5 5 4\nset nbOperations 19\nkey Escape\n"
