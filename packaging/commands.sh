@@ -19,7 +19,8 @@ packages_to_check=(libgtest-dev libbenchmark-dev libx11-dev libxtst-dev clang-fo
 packages_for_web=(cmake ninja-build clang-16 lld-16 llvm-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
     libclang-rt-16-dev-wasm32 binaryen node-typescript esbuild nodejs python3 fonttools python3-brotli
     fonts-liberation2 fonts-kaushanscript librsvg2-bin)
-packages_to_test_web=(chromium chromium-driver python3-selenium firefox-esr webkit2gtk-driver)
+# In a container without user namespaces, Chromium runs only with chromium-sandbox.
+packages_to_test_web=(chromium chromium-driver chromium-sandbox python3-selenium firefox-esr webkit2gtk-driver)
 packages_to_measure=(libbenchmark-dev libx11-dev libxtst-dev dbus at-spi2-core python3-pyatspi dpkg-dev)
 
 print_line() {
