@@ -120,8 +120,8 @@ struct ScreenLayout {
   Colour background{}; ///< of the drawing surface, until it is cleared to another colour
   std::span<const ControlLayout> controls;
   Typing typing{Typing::none}; ///< `answer`: where there is no keyboard, the front end offers its keys
-  Closing closing{
-      Closing::showsHome}; ///< `endsChallenge` also shows home; a front end may ask the learner first
+  /// What the close box does. `endsChallenge` also shows home; a front end may ask the learner first.
+  Closing closing{Closing::showsHome};
 };
 
 /// Across the boundary, a control is identified by its index in `ScreenLayout::controls`.

@@ -39,11 +39,11 @@ void Program::front(ScreenName screen) noexcept {
 }
 
 void Program::close() noexcept {
-  const auto closed = active_;
-  if (!closed) return;
-  if (*closed == ScreenName::accueil) return End();
+  const auto closed = activeScreen();
+  if (closed == nullptr) return;
+  if (closed->layout().closing == Closing::endsProgram) return End();
   Show(ScreenName::accueil);
-  Unload(*closed);
+  Unload(closed->layout().name);
 }
 
 std::vector<SpokenText> Program::spokenTexts(ScreenName screen) const noexcept {
