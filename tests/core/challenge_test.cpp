@@ -5,9 +5,7 @@ namespace chiffrolo::test {
 
 namespace {
 
-// 20 + 47, and 85 - 38 as the next operation.
-#define CHALLENGE "rnd 0 0.11 0.7 0.4\nclick Commande4\n"
-#define NEXT "rnd 0.25 0.8 0.2 0.7 0.3\nkey Right\n"
+#define NEXT "rnd 0.25 0.8 0.2 0.7 0.3\nkey Right\n" // 85 - 38
 #define WRONG CHALLENGE "key 9\nkey =\n"
 
 #define TABLE(additions, subtractions, multiplications, divisions, total)                                    \
@@ -22,6 +20,7 @@ ROWS(Challenge, visibleText, {"enterShowsCorrection", WRONG "key Enter", "20 + 4
       "0 0 3 2 | 20 + 47 = 67 | Bravo | Score = 1 | Tu dois réussir 20 opérations le plus rapidement "
       "possible"},
      {"unknownStepDrawsNothing", CHALLENGE "set essai 2\nkey x", "20 + 47 = ?"},
+     // After the first right answer, the screen would also show an instruction.
      {"digitsAreIgnoredAfterTheRightAnswer", CHALLENGE "set nbOperations 5\nkey 6\nkey 7\nkey =\nkey 5",
       "20 + 47 = 67 | Bravo | Score = 6"},
      {"timersStopDuringACorrection",

@@ -18,32 +18,41 @@ namespace {
 
 #define DRAWN(button, screen, score, numbers)                                                                \
   "click " button "\nset score " score "\nfront accueil\nrnd " numbers "\nfront " screen
-#define ADDITION(score, numbers) DRAWN("Commande1", "addition", score, numbers)
-#define MULTIPLICATION(score, numbers) DRAWN("Commande2", "multiplication", score, numbers)
-#define DIVISION(score, numbers) DRAWN("Commande3", "division", score, numbers)
+// Below 0.3 for an addition; the units and the tens of the first number; the tens and the units of the
+// second.
+#define DRAWN_ADDITION(score, numbers) DRAWN("Commande1", "addition", score, numbers)
+// Below 0.5 for the multiplier on the right; tens; units; the multiplier from score 5 on; the one below
+// score 5.
+#define DRAWN_MULTIPLICATION(score, numbers) DRAWN("Commande2", "multiplication", score, numbers)
+// The quotient; the divisor.
+#define DRAWN_DIVISION(score, numbers) DRAWN("Commande3", "division", score, numbers)
 
-ROWS(DrawnOperations, visibleText, {"smallestAddition", ADDITION("0", "0 0 0 0 0"), "11 + 11 = ?"},
-     {"sumOf100IsDrawnAgainAtScore5", ADDITION("5", "0 0 0 0.8 " MOST " 0 0 0.8 0.8"), "11 + 88 = ?"},
-     {"largestAdditionFromScore6", ADDITION("6", "0.2999 " MOST " " MOST " " MOST " " MOST), "99 + 99 = ?"},
-     {"largestSubtraction", ADDITION("6", "0.3 " MOST " " MOST " " MOST " " MOST), "198 - 99 = ?"},
+ROWS(DrawnOperations, visibleText, {"smallestAddition", DRAWN_ADDITION("0", "0 0 0 0 0"), "11 + 11 = ?"},
+     {"sumOf100IsDrawnAgainAtScore5", DRAWN_ADDITION("5", "0 0 0 0.8 " MOST " 0 0 0.8 0.8"), "11 + 88 = ?"},
+     {"largestAdditionFromScore6", DRAWN_ADDITION("6", "0.2999 " MOST " " MOST " " MOST " " MOST),
+      "99 + 99 = ?"},
+     {"largestSubtraction", DRAWN_ADDITION("6", "0.3 " MOST " " MOST " " MOST " " MOST), "198 - 99 = ?"},
 
-     {"productOf100IsDrawnAgainAtScore2", MULTIPLICATION("2", "0.5 0.12 0.5 0 0.5 0.3 0.3 0 0.25"),
+     {"productOf100IsDrawnAgainAtScore2", DRAWN_MULTIPLICATION("2", "0.5 0.12 0.5 0 0.5 0.3 0.3 0 0.25"),
       "3 x 33 = ?"},
-     {"largestMultiplicationAtScore3", MULTIPLICATION("3", "0.4999 " MOST " " MOST " 0 " MOST), "99 x 5 = ?"},
-     {"smallestMultiplicationAtScore4", MULTIPLICATION("4", "0 0 0 0 0"), "11 x 2 = ?"},
-     {"smallestMultiplicationFromScore5", MULTIPLICATION("5", "0.5 0 0 0"), "3 x 11 = ?"},
-     {"largestMultiplicationFromScore5", MULTIPLICATION("5", "0 " MOST " " MOST " " MOST), "99 x 9 = ?"},
+     {"largestMultiplicationAtScore3", DRAWN_MULTIPLICATION("3", "0.4999 " MOST " " MOST " 0 " MOST),
+      "99 x 5 = ?"},
+     {"smallestMultiplicationAtScore4", DRAWN_MULTIPLICATION("4", "0 0 0 0 0"), "11 x 2 = ?"},
+     {"smallestMultiplicationFromScore5", DRAWN_MULTIPLICATION("5", "0.5 0 0 0"), "3 x 11 = ?"},
+     {"largestMultiplicationFromScore5", DRAWN_MULTIPLICATION("5", "0 " MOST " " MOST " " MOST),
+      "99 x 9 = ?"},
 
-     {"smallestDivision", DIVISION("0", "0 0"), "22 : 2 = ?"},
-     {"largestDivisionAtScore2", DIVISION("2", MOST " " MOST), "495 : 5 = ?"},
-     {"thousandsAreSetApart", DIVISION("3", "0.4945 0"), "1 000 : 2 = ?"},
-     {"hundredsAreNotSetApart", DIVISION("3", "0.3256 0.25"), "999 : 3 = ?"},
-     {"largestDivisionAtScore4", DIVISION("4", MOST " " MOST), "4 995 : 5 = ?"},
-     {"smallestDivisionFromScore5", DIVISION("5", "0 0"), "66 : 6 = ?"},
-     {"largestDivisionFromScore5", DIVISION("5", MOST " " MOST), "8 991 : 9 = ?"});
+     {"smallestDivision", DRAWN_DIVISION("0", "0 0"), "22 : 2 = ?"},
+     {"largestDivisionAtScore2", DRAWN_DIVISION("2", MOST " " MOST), "495 : 5 = ?"},
+     {"thousandsAreSetApart", DRAWN_DIVISION("3", "0.4945 0"), "1 000 : 2 = ?"},
+     {"hundredsAreNotSetApart", DRAWN_DIVISION("3", "0.3256 0.25"), "999 : 3 = ?"},
+     {"largestDivisionAtScore4", DRAWN_DIVISION("4", MOST " " MOST), "4 995 : 5 = ?"},
+     {"smallestDivisionFromScore5", DRAWN_DIVISION("5", "0 0"), "66 : 6 = ?"},
+     {"largestDivisionFromScore5", DRAWN_DIVISION("5", MOST " " MOST), "8 991 : 9 = ?"});
 
 // ---- The challenge: with the answers, which a correction shows ---------------------------------------
 
+// The kind, then the numbers; of a number of two digits the units first.
 #define CORRECTED(numbers) "rnd " numbers "\nclick Commande4\nkey 0\nkey =\nkey x"
 #define AFTER(right, numbers)                                                                                \
   "click Commande4\nset reussies " right "\nkey 0\nkey =\nkey x\nrnd " numbers "\nkey Right"

@@ -5,8 +5,7 @@ namespace chiffrolo::test {
 
 namespace {
 
-#define ADDITION "rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\n" // 47+35
-#define SUBTRACTION "rnd 0.5 0.7 0.4 0.3 0.5\n"               // 82-35, next
+#define SUBTRACTION_NUMBERS "rnd 0.5 0.7 0.4 0.3 0.5\n" // 82 - 35
 #define RIGHT "key 8\nkey 2\nkey Enter"
 #define WRONG ADDITION "key 9\nkey Enter\n"
 #define STEP_1 WRONG "key Right\n"
@@ -21,12 +20,13 @@ ROWS(Addition, visibleText,
      {"nothingIsSubmittedOrRemovedBeforeADigit", ADDITION "key Backspace\nkey =\nclick Minuterie",
       "47 + 35 = ?"},
      {"otherCharactersAreIgnored", ADDITION "key 8\nkey a\nkey +\nkey Space\nkey é\nkey '", "47 + 35 = 8 ?"},
+     // From the second point on, no instruction follows the score.
      {"leadingZeroIsAccepted", ADDITION "set score 1\nkey 0\n" RIGHT, "47 + 35 = 082 | Bravo | Score = 2"},
      {"digitStartsTheNextStepAndIsNotTyped", WRONG "key 7", "47 + 35 | 47 + 30 = ?"},
      {"leftKeyDoesNotStartTheNextStep", WRONG "key Left", "47 + 35 = 9 | FAUX"},
      {"rightKeyAndArrowImageDoNothingAfterTheLastStep", ALL_STEPS_WRONG "key Right\nclick flèche",
       "47 + 35 | 47 + 30 = 77 | 77 + 5 = 9 | FAUX"},
-     {"digitAfterTheLastStepStartsTheNextOperation", ALL_STEPS_WRONG "key x\n" SUBTRACTION "key 7",
+     {"digitAfterTheLastStepStartsTheNextOperation", ALL_STEPS_WRONG "key x\n" SUBTRACTION_NUMBERS "key 7",
       "82 - 35 = ?"},
      {"everyWrongAnswerCostsAPoint",
       ADDITION "set score 5\nkey 9\nkey Enter\nkey x\nkey 9\nkey Enter\nkey x\nkey 9\nkey Enter\nkey x",
@@ -36,12 +36,13 @@ ROWS(Addition, visibleText,
      {"timeLimitWithoutAnswerShowsInstruction", ADDITION "wait 30000", "47 + 35 =" TIME_LIMIT_TEXT},
      {"timeLimitIsNotReachedAfter29999Milliseconds", ADDITION "wait 29999", "47 + 35 = ?"},
      {"timeLimitRejectsWrongAnswer", ADDITION "key 9\nwait 30000", "47 + 35 = 9 | FAUX" TIME_LIMIT_TEXT},
-     {"timeLimitRunsForTheNextOperation", ADDITION RIGHT "\n" SUBTRACTION "key Enter\nwait 30000",
+     {"timeLimitRunsForTheNextOperation", ADDITION RIGHT "\n" SUBTRACTION_NUMBERS "key Enter\nwait 30000",
       "82 - 35 =" TIME_LIMIT_TEXT},
      {"timeLimitAcceptsRightAnswer", ADDITION "set score 1\nkey 8\nkey 2\nwait 30000",
       "47 + 35 = 82 | Bravo | Score = 2"},
      {"returningRestartsTheTimeLimit",
-      ADDITION "wait 20000\nfront accueil\n" SUBTRACTION "front addition\nwait 20000", "82 - 35 = ?"},
+      ADDITION "wait 20000\nfront accueil\n" SUBTRACTION_NUMBERS "front addition\nwait 20000", "82 - 35 = ?"},
+     // The limit judges the empty answer as wrong, so that the correction has begun.
      {"timeLimitRunsOnWhileAnotherScreenIsClosed",
       ADDITION "key Escape\nkey Escape\nclose\nwait 30000\nclick Commande1", "47 + 35 | 47 + 30 = ?"},
      {"leavingResetsTheScore", ADDITION "set score 4\nkey Escape\n" ADDITION RIGHT,
@@ -56,8 +57,10 @@ ROWS(Addition, visibleText,
       "set score 4\nkey 9\nkey Enter\nkey Escape\nclick Commande4\nkey Escape\nkey Enter\n" ADDITION RIGHT,
       "47 + 35 = 82" FIRST_POINT},
      {"closingACorrectionResetsTheStep", WRONG "close\n" ADDITION RIGHT, "47 + 35 = 82" FIRST_POINT},
+     // The home screen counts its turns in `essai`, which is also the step: 1 expects the sum of the tens.
      {"openingByKeyMakesTheFirstRightAnswerWrong", "key a\nrnd 0.1 0.7 0.4 0.3 0.5\nkey a\n" RIGHT,
       "47 + 35 = 82 | FAUX"},
+     // Only what is above the step is erased; "5?" stays, and a question mark is drawn again.
      {"returningDuringAStepDrawsItAgain", STEP_1 "key 5\nkey Escape\nclick Commande1",
       "47 + 35 | 47 + 30 = 5??"},
      {"unknownStepDrawsNothing", STEP_1 "set essai 4\nfront accueil\nfront addition",
@@ -65,16 +68,10 @@ ROWS(Addition, visibleText,
 
 // ---- Multiplications and divisions -------------------------------------------------------------------
 
-// 12 x 4 at a score of 0.
-#define MULTIPLICATION "rnd 0 0 0.12 0 0.5\nclick Commande2\n"
 #define MULTIPLICATION_WRONG MULTIPLICATION "key 9\nkey Enter\n"
 #define TENS_RIGHT MULTIPLICATION_WRONG "key x\nkey 4\nkey 0\nkey Enter\n"
 #define UNITS_RIGHT TENS_RIGHT "key 8\nkey Enter\n"
 #define WRONG_STEP "key 9\nkey =\nkey x\n"
-// 48 : 2 at a score of 0.
-#define DIVISION "rnd 0.1517 0\nclick Commande3\n"
-#define DIVISION_WRONG DIVISION "key 9\nkey Enter\n"
-#define LONG_DIVISION DIVISION_WRONG "key x\n"
 #define CLOSING_TEXT "en cas d'erreur, la correction est affichée en rouge"
 
 ROWS(MultiplicationAndDivision, visibleText,
@@ -113,6 +110,7 @@ ROWS(MultiplicationAndDivision, visibleText,
       "22 : 2 = 11 | Bravo | Score = 5"},
      {"activationRevealsTheNextDigit", LONG_DIVISION "key 2\nfront accueil\nset essai 1\nfront division",
       "4 8 | 2 | 0 8 | 2 ?"},
+     // Opening by a key has counted `essai` up, so that the correction does not begin with the layout.
      {"correctionSkipsLayoutAfterOpeningByKey",
       "set essai 3\nrnd 0.1517 0\nkey Right\nkey 9\nkey Enter\nkey x", "48 : 2 = 9 | FAUX | ? | 2"},
      {"indexBeyondTheDigitsEndsTheCorrection", LONG_DIVISION "set essai 7\nkey 2\nkey 0",
@@ -135,10 +133,12 @@ TEST(Addition, firstGuidedStepIsRed) {
 
 TEST(Addition, drawsNothingWhenTheLevelIsPassedAgain) {
   const std::string passed = ADDITION RIGHT "\nset score 10\nkey Enter";
-  EXPECT_EQ(PlayedScenario(passed + "\nkey Enter\n" + passed).effects({"a"}), "activate FIN");
+  EXPECT_EQ(PlayedScenario(passed + "\nkey Enter\n" + passed).effects({"activate ", "addition "}),
+            "activate FIN");
 }
 
-/// A multiplication changes the line, which is shared.
+/// A multiplication changes the line and the column, which are shared: its 40 begins at 172, the 8 under its
+/// last digit at 186.
 TEST(Addition, resultOfTheTensIsPrintedOnTheirLineAfterAMultiplication) {
   PlayedScenario returned(MULTIPLICATION "front accueil\n" STEP_1
                                          "key 9\nkey Enter\nfront multiplication\nfront addition");
@@ -146,7 +146,8 @@ TEST(Addition, resultOfTheTensIsPrintedOnTheirLineAfterAMultiplication) {
             "addition text 186 140 \"Times new roman\" 28 #ff0000 \"7\"");
 }
 
-/// Neither "Bravo" nor "FAUX" was drawn before: the box sets its own line width and fill.
+/// Neither "Bravo" nor "FAUX" was drawn before: the box sets its own line width and fill. " Score = 1"
+/// is 72.25 points wide, centred at 320; the box is 20 points wider on each side.
 TEST(Addition, scoreBoxAfterALateAnswerHasItsOwnStyle) {
   PlayedScenario played(ADDITION "wait 30000\nkey x\nkey 7\nkey 7\nkey Enter\n" RIGHT);
   EXPECT_EQ(played.effects({"addition box 263"}), "addition box 263.875 280 376.125 310 3 #808080 #800000");

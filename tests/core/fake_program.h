@@ -16,7 +16,7 @@ public:
   KeyUse key(int code, std::optional<char32_t> character) noexcept override {
     record() << "key " << code << '/' << (character ? static_cast<int>(*character) : -1);
     react();
-    return keyUse;
+    return KeyUse::screenStayed;
   }
   void click(ControlIndex control) noexcept override {
     record() << "click " << control;
@@ -37,7 +37,6 @@ public:
   /// The events since the last call.
   std::string takeEvents() { return std::exchange(events_, {}).str(); }
 
-  KeyUse keyUse{KeyUse::screenStayed};
   std::function<void()> react{[] {}};
   std::vector<SpokenText> texts;
   std::string announcement;

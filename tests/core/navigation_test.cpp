@@ -7,9 +7,10 @@ namespace chiffrolo::test {
 
 namespace {
 
-#define LEVEL_PASSED "click Commande1\nset score 10\nfront accueil\nfront addition\n"
-#define PRODUCTS_PASSED "click Commande2\nset score 10\nfront accueil\nfront multiplication\n"
-#define PASSED_TWICE PRODUCTS_PASSED "key Enter\n" PRODUCTS_PASSED
+#define ADDITIONS_PASSED "click Commande1\nset score 10\nfront accueil\nfront addition\n"
+#define MULTIPLICATIONS_PASSED "click Commande2\nset score 10\nfront accueil\nfront multiplication\n"
+// FIN stays loaded: the second time, only a key or a click on it can reset the score.
+#define PASSED_TWICE MULTIPLICATIONS_PASSED "key Enter\n" MULTIPLICATIONS_PASSED
 #define HOME_KEY "key Right\nfront accueil\n"
 
 ROWS(Navigation, screenChanges, {"escapeShowsGoodbye", "key Escape", "load Aurevoir, activate Aurevoir"},
@@ -29,17 +30,20 @@ ROWS(Navigation, screenChanges, {"escapeShowsGoodbye", "key Escape", "load Aurev
      {"hiddenStopImageCannotBeClicked", "click Commande1\nclick arret", ""},
      {"labelCannotBeClicked", "click Commande1\nclick titre", ""},
      {"buttonActivatesLoadedAddition", "click Commande1\nkey Escape\nclick Commande1", "activate addition"},
-     {"tenthPointShowsFinAndUnloadsAddition",
-      "rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\nset score 9\nkey 8\nkey 2\nkey Enter\nkey Enter", // 47 + 35
+     {"tenthPointShowsFinAndUnloadsAddition", ADDITION "set score 9\nkey 8\nkey 2\nkey Enter\nkey Enter",
       "load FIN, unload addition, activate FIN"},
      {"secondPassedLevelKeepsAdditionLoaded",
-      LEVEL_PASSED "key Enter\nclick Commande1\nset score 10\nfront accueil\nfront addition",
+      ADDITIONS_PASSED "key Enter\nclick Commande1\nset score 10\nfront accueil\nfront addition",
       "activate addition, activate FIN"},
      // At a score of 10, the multiplications would show "Félicitations" again.
-     {"closingFinResetsTheScore", PRODUCTS_PASSED "close\nclick Commande2", "activate multiplication"},
+     {"loadingFinResetsTheScore", MULTIPLICATIONS_PASSED "close\nclick Commande2", "activate multiplication"},
      {"rightKeyLeavesFin", PASSED_TWICE "key Right\nclick Commande2", "activate multiplication"},
      {"enterLeavesFin", PASSED_TWICE "key Enter\nclick Commande2", "activate multiplication"},
      {"escapeLeavesFin", PASSED_TWICE "key Escape\nclick Commande2", "activate multiplication"},
+     {"anyCharacterOnFinResetsTheScore", PASSED_TWICE "key 7\nclose\nclick Commande2",
+      "activate multiplication"},
+     {"leftKeyOnFinKeepsTheScore", PASSED_TWICE "key Left\nclose\nclick Commande2",
+      "activate multiplication, load FIN, activate FIN"},
      {"arrowImageLeavesFin", PASSED_TWICE "click flèche\nclick Commande2", "activate multiplication"},
      {"goodbyeIgnoresKeys", "key Escape\nkey Escape", ""},
      {"arrowImageOnGoodbyeEndsTheProgram", "click Commande1\nkey Escape\nkey Escape\nclick flèche", "end"},

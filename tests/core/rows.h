@@ -17,7 +17,7 @@ public:
   explicit PlayedScenario(const std::string& scenario) {
     std::istringstream lines(scenario);
     for (std::string line; std::getline(lines, line);) {
-      announcement();
+      announcement(); // forgets the changes of the lines before
       effects_.clear();
       player_.play(line);
     }
@@ -43,15 +43,16 @@ public:
   std::string announcement() { return program().takeAnnouncement(); }
 
   /// The transcript lines of the last line that begin with one of `prefixes`.
-  std::string effects(const std::vector<std::string_view>& prefixes) {
-    std::erase_if(effects_, [&](const std::string& effect) {
-      return std::ranges::none_of(prefixes, [&](auto prefix) { return effect.starts_with(prefix); });
+  std::string effects(const std::vector<std::string_view>& prefixes) const {
+    std::vector<std::string> found;
+    std::ranges::copy_if(effects_, std::back_inserter(found), [&](const std::string& effect) {
+      return std::ranges::any_of(prefixes, [&](auto prefix) { return effect.starts_with(prefix); });
     });
-    return joined(effects_, ", ");
+    return joined(found, ", ");
   }
 
   /// The screens that the last line loads, activates and unloads, and the end of the program.
-  std::string screenChanges() { return effects({"load ", "activate ", "unload ", "end"}); }
+  std::string screenChanges() const { return effects({"load ", "activate ", "unload ", "end"}); }
 
 private:
   static std::string joined(const std::vector<std::string>& items, const std::string& separator) {
@@ -87,3 +88,11 @@ inline std::string nameOfRow(const testing::TestParamInfo<Row>& info) { return i
     EXPECT_EQ(PlayedScenario(GetParam().scenario).perception(), GetParam().expected);                        \
   }                                                                                                          \
   INSTANTIATE_TEST_SUITE_P(Rows, suite, testing::ValuesIn(std::vector<Row>{__VA_ARGS__}), nameOfRow)
+
+// ---- The beginnings of scenarios: the first operation of each activity -------------------------------
+
+#define ADDITION "rnd 0.1 0.7 0.4 0.3 0.5\nclick Commande1\n"  // 47 + 35
+#define MULTIPLICATION "rnd 0 0 0.12 0 0.5\nclick Commande2\n" // 12 x 4
+#define DIVISION "rnd 0.1517 0\nclick Commande3\n"             // 48 : 2
+#define LONG_DIVISION DIVISION "key 9\nkey Enter\nkey x\n"
+#define CHALLENGE "rnd 0 0.11 0.7 0.4\nclick Commande4\n" // 20 + 47

@@ -7,12 +7,6 @@ namespace chiffrolo::test {
 
 namespace {
 
-// 12 x 4 and 48 : 2 at a score of 0.
-#define MULTIPLICATION "rnd 0 0 0.12 0 0.5\nclick Commande2\n"
-#define DIVISION "rnd 0.1517 0\nclick Commande3\n"
-#define LONG_DIVISION DIVISION "key 9\nkey Enter\nkey x\n"
-#define CHALLENGE "rnd 0 0.11 0.7 0.4\nclick Commande4\n" // 20 + 47
-
 // ---- Announcements after the last command of a scenario ----------------------------------------------
 
 ROWS(Announcement, announcement,

@@ -60,7 +60,7 @@ TEST_F(AccessibilityTree, containsTheAnnouncementAsANotification) {
   EXPECT_EQ(notification().role(), QAccessible::Notification);
   QAccessible::setActive(true);
   pressKey(Qt::Key_7, "7");
-  pressKey(Qt::Key_7, "7");
+  pressKey(Qt::Key_7, "7"); // announces nothing new: the notification stays
   EXPECT_EQ(notification().text(QAccessible::Name), "Bravo");
   EXPECT_FALSE(notification().state().invisible);
   program_.announcement = "trop tard";

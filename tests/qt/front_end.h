@@ -58,7 +58,7 @@ class FrontEnd : public testing::Test {
 protected:
   FrontEnd() {
     homeScreen_->activate();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return program_.takeEvents() != ""; })) << "a timer on by design";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !program_.takeEvents().empty(); })) << "a timer on by design";
     exercise_->stopTimer(timer);
   }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "qt/fonts.h"
 
 #include <QApplication>
 #include <QTemporaryFile>

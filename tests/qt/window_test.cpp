@@ -55,7 +55,7 @@ TEST_F(FrontEnd, startsAllTimersOfOneEventAtTheSameInstant) {
   };
   pressKey(Qt::Key_7, "7");
   EXPECT_TRUE(QTest::qWaitFor([&] { return hasTicked; }));
-  EXPECT_EQ(program_.takeEvents().substr(0, 16), "key 0/55, tick 3");
+  EXPECT_TRUE(program_.takeEvents().starts_with("key 0/55, tick 3"));
 }
 
 /// Set after the first picture.
@@ -66,6 +66,7 @@ TEST_F(FrontEnd, hasTheIconOfTheProgram) {
 
 TEST_F(FrontEnd, drawsTheNewCaptionOfALabel) {
   exercise_->activate();
+  ASSERT_FALSE(areaOfColour(qRgb(255, 0, 0)).isEmpty());
   exercise_->setCaption(label, "");
   EXPECT_EQ(areaOfColour(qRgb(255, 0, 0)), QRect());
 }
@@ -168,7 +169,8 @@ TEST_F(ZoomedFrontEnd, revealsTheButtonThatGetsTheFocus) {
   EXPECT_EQ(program_.takeEvents(), "click 1");
 }
 
-/// The zoomed minimum content area is 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are visible.
+/// The zoomed minimum content area is 3 x 896 by 3 x 564 pixels, of which 1278 by 997 are visible. A step of
+/// the wheel pans by 60 pixels.
 TEST_F(ZoomedFrontEnd, isPannedByTheWheelWithinTheMinimumContentArea) {
   exercise_->drawBox({0, 0}, {671.25F, 422.25F}, 1, blue, std::nullopt);
   QCoreApplication::processEvents();
@@ -185,7 +187,7 @@ TEST_F(ZoomedFrontEnd, isPannedByTheWheelWithinTheMinimumContentArea) {
   EXPECT_EQ(program_.takeEvents(), "click 1") << "revealed, 8 x 3 pixels from the left";
   homeScreen_->activate();
   exercise_->activate();
-  EXPECT_EQ(areaOfColour(labelBackground).width(), 600);
+  EXPECT_EQ(areaOfColour(labelBackground).width(), 600) << "at the top left corner again";
 }
 
 // ---- Themes ------------------------------------------------------------------------------------------
