@@ -2,9 +2,7 @@
 
 /** The keypad for fingers. Its keys give the program what the keys of a keyboard give. */
 
-import type { KeyStroke } from "./keys";
-
-const backspace = 8;
+import { type KeyStroke, backspace, escape, right, typing } from "./keys";
 
 interface KeyDescription {
   readonly caption: string;
@@ -15,19 +13,19 @@ interface KeyDescription {
 }
 
 function digit(caption: string, className = "digit"): KeyDescription {
-  return { caption, name: caption, className, stroke: { code: 0, character: caption.charCodeAt(0) } };
+  return { caption, name: caption, className, stroke: typing(caption) };
 }
 
 /** In rows of four columns; the last two keys are two columns wide. */
 const keys: readonly KeyDescription[] = [
   digit("1"), digit("2"), digit("3"),
-  { caption: "⌫", name: "Effacer", className: "erase", stroke: { code: 0, character: backspace } },
+  { caption: "⌫", name: "Effacer", className: "erase", stroke: backspace },
   digit("4"), digit("5"), digit("6"),
-  { caption: "✕", name: "Quitter", className: "leave", stroke: { code: 0, character: 27 } },
+  { caption: "✕", name: "Quitter", className: "leave", stroke: escape },
   digit("7"), digit("8"), digit("9"),
-  { caption: "→", name: "Continuer", className: "goOn", stroke: { code: 39, character: 0 } },
+  { caption: "→", name: "Continuer", className: "goOn", stroke: right },
   digit("0", "zero"),
-  { caption: "=", name: "Valider", className: "submit", stroke: { code: 0, character: 61 } },
+  { caption: "=", name: "Valider", className: "submit", stroke: typing("=") },
 ];
 
 // As a keyboard repeats, in milliseconds.
@@ -77,7 +75,7 @@ export class Keypad {
     key.addEventListener("pointerdown", ({ button }) => {
       if (button !== 0) return;
       this.press(stroke);
-      if (stroke.character === backspace) this.#repeatSoon(stroke, firstRepeat);
+      if (stroke === backspace) this.#repeatSoon(stroke, firstRepeat);
     });
     key.addEventListener("click", ({ detail }) => {
       if (detail === 0) this.press(stroke);

@@ -5,14 +5,16 @@
 /** `character` is a code point, 0 for none. */
 export type KeyStroke = Readonly<Record<"code" | "character", number>>;
 
-// As in platform.h.
+// Codes as in platform.h.
 const otherKey = 0;
-const namedKeys = new Map<string, KeyStroke>([
-  ["Enter", { code: 13, character: 13 }],
-  ["Backspace", { code: otherKey, character: 8 }],
-  ["Escape", { code: otherKey, character: 27 }],
-  ["ArrowRight", { code: 39, character: 0 }],
-]);
+export const enter: KeyStroke = { code: 13, character: 13 };
+export const right: KeyStroke = { code: 39, character: 0 };
+export const backspace = typing("\b");
+export const escape = typing("\x1b");
+const namedKeys = new Map([["Enter", enter], ["ArrowRight", right], ["Backspace", backspace], ["Escape", escape]]);
+
+/** The key that types a character and does nothing else. */
+export function typing(character: string): KeyStroke { return { code: otherKey, character: character.charCodeAt(0) }; }
 
 const modifiers = /^(Shift|Control|Alt|AltGraph|Meta|OS|CapsLock|NumLock|ScrollLock|Fn|FnLock|Super|Hyper|Symbol)/;
 const keysOfBrowser = /^(F\d+|Browser|Audio|Media|Launch|Process)/;
@@ -39,12 +41,12 @@ export function translateKey(event: KeyboardEvent): KeyStroke | null {
   if (event.isComposing || isWithCommand(event) || modifiers.test(event.key) || keysOfBrowser.test(event.key))
     return null;
   const digit = typedDigit(event);
-  if (digit !== "") return { code: otherKey, character: digit.charCodeAt(0) };
+  if (digit !== "") return typing(digit);
   if (event.key === "Unidentified") return null; // Firefox 153 also so names the 5 of the keypad without Num Lock
   const named = namedKeys.get(event.key);
   if (named) return named;
   const isCharacter = event.key.length === 1 && visibleCharacter.test(event.key);
-  return { code: otherKey, character: isCharacter ? event.key.charCodeAt(0) : 0 };
+  return isCharacter ? typing(event.key) : { code: otherKey, character: 0 };
 }
 
 export type ZoomStep = "larger" | "smaller" | "normal";

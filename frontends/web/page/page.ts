@@ -85,7 +85,7 @@ export class Page implements Platform {
       this.#pressed = event.button === 0 ? this.#current?.pressedBy(event) ?? null : null;
     });
     document.addEventListener("pointerdown", ({ pointerType }) => { this.#isTouched = pointerType === "touch"; });
-    // After the region: under a finger that is down, nothing may move.
+    // The document hears the click after the region does: while a finger is down, nothing may move under it.
     document.addEventListener("click", ({ detail }) => {
       if (this.#isTouched && detail > 0 && this.#keypad.want(true)) this.#arrange();
     });
@@ -105,7 +105,9 @@ export class Page implements Platform {
   #listenToBrowser(): void {
     document.addEventListener("visibilitychange", () => this.#report(() => {}));
     window.addEventListener("beforeunload", (event) => {
-      if (this.#current?.layout.closing === "endsChallenge" && !this.#isOver) event.preventDefault(), event.returnValue = "";
+      if (this.#isOver || this.#current?.layout.closing !== "endsChallenge") return;
+      event.preventDefault();
+      event.returnValue = ""; // Chrome and Edge before version 119 ask only with this
     });
     new ResizeObserver(() => this.#arrange()).observe(this.region);
     window.addEventListener("beforeprint", () => this.#arrange(this.#windows, paper, 3));
