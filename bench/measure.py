@@ -53,12 +53,9 @@ def times(command: list[str | Path], display: Display) -> list[float]:
 
 
 def measure_start(table: Table, programs: Programs) -> None:
-    display = Display()
-    try:
-        command: list[str | Path] = [programs.window_bench, "start", programs.chiffrolo, programs.bare_qt]
+    command: list[str | Path] = [programs.window_bench, "start", programs.chiffrolo, programs.bare_qt]
+    with Display() as display:
         ours, bare = zip(*(times(command, display) for _ in range(STARTS)))
-    finally:
-        display.close()
     what = "start to first picture, compared with a bare Qt window"
     table.add_ratio(what, median(ours), median(bare), "ms", maximum=1.2)
 

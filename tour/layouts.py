@@ -41,7 +41,7 @@ def _layout(rows: list[list[str]], frameless_scale: float) -> Layout:
               for kind, name, *properties in rows if kind not in ("screen", "timer")}
     titles = [Title(places[name], _colour(properties[8]), _colour(properties[9]))
               for kind, name, *properties in rows if kind == "label" and properties[11] == "thin"]
-    return Layout(places, *titles or [None])
+    return Layout(places, titles[0] if titles else None)
 
 
 def _twips(scale: float, left: int, top: int, width: int, height: int) -> Area:

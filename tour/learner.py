@@ -93,10 +93,9 @@ class Learner:
         shows_bravo = EXERCISES[screen].shows_bravo
         return self.wait_for("Bravo", lambda content: shows_bravo(content) and content.shows_arrow_and_stop(screen))
 
-    def wait_for_stopwatch(self) -> tuple[ContentArea, int]:
+    def wait_for_stopwatch(self) -> ContentArea:
         """Waits until the stopwatch shows a time: it is empty for one second after a new operation."""
-        content = self.wait_for("the stopwatch's digits", lambda content: content.has(LIGHT_RED, STOPWATCH))
-        return content, read_stopwatch(content)
+        return self.wait_for("the stopwatch's digits", lambda content: content.has(LIGHT_RED, STOPWATCH))
 
     def wait_for_faux(self) -> ContentArea:
         return self.wait_for("FAUX", shows_faux)

@@ -23,7 +23,7 @@ class Font(NamedTuple):
 class CharacterSet(NamedTuple):
     """The characters that a line may contain, and the colours of the line."""
 
-    fonts: tuple[tuple[str, Font], ...]  # by character
+    fonts: tuple[tuple[str, Font], ...]  # by character; tuples, because templates are cached by them
     ascent: int  # pixels, from the top of a line to its baseline
     colour: Colour
     background: Colour
@@ -42,6 +42,7 @@ MAX_CHARACTER_WIDTH = 24  # pixels
 FRAME_WIDTH = 30  # pixels, enough for the widest character
 FRAME_MARGIN = 2  # pixels around a character that is compared
 
+MAX_DEVIATION = 16  # of a colour channel of a pixel from the mixture of text and background
 MIN_COLUMN_COVERAGE = 0.15  # a column with less is blank
 MIN_CORRELATION = 0.8
 MIN_LEAD = 0.04  # of the best match over the second best
@@ -70,7 +71,7 @@ def coverage_of(picture: Picture, colour: Colour, background: Colour) -> Coverag
     full = numpy.subtract(background, colour)
     actual = numpy.subtract(background, picture.pixels)
     coverage = actual @ full / (full @ full)
-    is_mixture = (abs(coverage[..., None] * full - actual) <= 16).all(axis=2)
+    is_mixture = (abs(coverage[..., None] * full - actual) <= MAX_DEVIATION).all(axis=2)
     return coverage * is_mixture
 
 

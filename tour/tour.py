@@ -101,7 +101,7 @@ class Tour:
         self.learner.open("record")
         content, _ = self.learner.wait_for_operation("record")
         self.pictures.save("record", content)
-        self.pictures.save("record-chronometre", self.learner.wait_for_stopwatch()[0])
+        self.pictures.save("record-chronometre", self.learner.wait_for_stopwatch())
         self.pictures.save("record-bravo", self.learner.answer_correctly("record"))
         self.desktop.press("Right")
         self.wrong_operation_of_challenge()

@@ -16,10 +16,11 @@ from listener import Listener
 
 SIGNS = {"plus": int.__add__, "moins": int.__sub__}
 
-listener = Listener()
-display = Display()
-program = Program(["/usr/bin/chiffrolo"], display.variables() | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
-try:
+with (
+    Listener() as listener,
+    Display() as display,
+    Program(["/usr/bin/chiffrolo"], display.variables() | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}) as program,
+):
     listener.wait_for_screen("Accueil")
     listener.press_button("Accueil", "additions-soustractions")
     operation = re.compile(r"(\d+) (plus|moins) (\d+) égale \?")
@@ -31,7 +32,3 @@ try:
     listener.wait_for_screen("Au revoir")
     listener.press_button("Au revoir", "Quitter")
     sys.exit(program.exit_status())
-finally:
-    program.close()
-    display.close()
-    listener.close()

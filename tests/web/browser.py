@@ -2,10 +2,10 @@
 """Chromium without a window, with raw keys and a mouse whose press and release are apart."""
 
 import os
-import shutil
 import tempfile
 import time
 from collections.abc import Callable, Iterator
+from contextlib import ExitStack
 from pathlib import Path
 from typing import Any
 
@@ -35,11 +35,19 @@ class Browser:
     """Use it in a `with` statement. Everything concerns the tab that was opened or chosen last."""
 
     def __init__(self, *arguments: str) -> None:
-        """More ones for Chromium's command line, without "--"."""
+        """Further arguments of Chromium, without "--"."""
         self.arguments = arguments
 
     def __enter__(self) -> "Browser":
-        self.folder = Path(tempfile.mkdtemp())
+        with ExitStack() as parts:
+            self.folder = Path(parts.enter_context(tempfile.TemporaryDirectory(ignore_cleanup_errors=True)))
+            self.driver = self.start()
+            parts.callback(self.driver.quit)
+            self.parts = parts.pop_all()
+        self.scripts: list[str] = []
+        return self
+
+    def start(self) -> webdriver.Chrome:
         options = webdriver.ChromeOptions()
         options.binary_location = "/usr/bin/chromium"
         for argument in "headless=new", "no-sandbox", "disable-gpu", f"user-data-dir={self.folder}/profile", \
@@ -48,13 +56,10 @@ class Browser:
         options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
         folder = str(self.folder)
         service = Service("/usr/bin/chromedriver", env={"HOME": folder, "TMPDIR": folder, "PATH": "/usr/bin:/bin"})
-        self.driver = webdriver.Chrome(service=service, options=options)
-        self.scripts: list[str] = []
-        return self
+        return webdriver.Chrome(service=service, options=options)
 
     def __exit__(self, *_: object) -> None:
-        self.driver.quit()
-        shutil.rmtree(self.folder, ignore_errors=True)
+        self.parts.close()
 
     def command(self, method: str, **parameters: Any) -> Any:
         return self.driver.execute_cdp_cmd(method, parameters)

@@ -146,6 +146,5 @@ def ink(picture: Picture, area: Area) -> Area | None:
     return Area(columns.min(), rows.min(), columns.max() + 1, rows.max() + 1) if rows.size else None
 
 
-
 if __name__ == "__main__":
     unittest.main()

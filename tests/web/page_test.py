@@ -275,6 +275,8 @@ class Layout(PageCase):
             other.open(PAGE)
             shown = "document.querySelectorAll('section:not([hidden]) .button').length"
             wait_for(lambda: other.evaluate(shown) == 5, "the home screen")
+            enlarged = other.evaluate("document.querySelectorAll('#accueil .controls > [style*=\"scale(\"]').length")
+            self.assertGreater(enlarged, 0, "the browser enlarges no caption")
             for kind, _, is_cut in other.evaluate(MEASURES)[3]:
                 self.assertFalse(is_cut, kind)
 

@@ -43,9 +43,10 @@ class PageReader:
 
     def press_button(self, screen: str, name: str) -> None:
         """By the action that the browser offers to screen readers."""
-        nodes = self.browser.nodes()
-        place = self.browser.names().index(("button", name))
-        element = self.browser.command("DOM.resolveNode", backendNodeId=nodes[place]["backendDOMNodeId"])["object"]
+        names = self.browser.names()
+        place = names.index(("button", name), names.index(("application", screen)))
+        node = self.browser.nodes()[place]["backendDOMNodeId"]
+        element = self.browser.command("DOM.resolveNode", backendNodeId=node)["object"]
         self.browser.command("Runtime.callFunctionOn", objectId=element["objectId"],
                              functionDeclaration="function () { this.click(); }")
 

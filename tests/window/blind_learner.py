@@ -47,10 +47,6 @@ class BlindLearner:
     def play(self, button: str) -> None:
         """From the home screen until it is shown again."""
         self.reader.press_button("Accueil", button)
-        self.complete(button)
-
-    def complete(self, button: str) -> None:
-        """From an operation, with a score of 0, until the home screen is shown."""
         screen, operations, end, announced = GAMES[button]
         for score in range(1, operations + 1):
             self.answer_correctly(screen, score)

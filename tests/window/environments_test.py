@@ -59,6 +59,7 @@ class WithoutWindowManager(WindowCase):
             return picture.crop(work_area) == expected.crop(work_area.moved(0, -panel_height))
 
         home = self.desktop.wait_for("the whole home screen", is_filled)
+        self.assertEqual(home.pixel(home.width - 1, home.height - 1), WHITE, "the corner of the work area")
         covered = home.bounding_box(WHITE, Area(0, 0, 1, panel_height))
         self.assertIsNone(covered, "the window covers the panel")
 

@@ -11,7 +11,7 @@ from text_recognition import coverage_of, split
 
 # The installed fonts whose files match. The program requests none of the last two, and no similar ones.
 FONTS = ("DejaVu*", "DejaVuSansMono*", "KaushanScript*")
-# The dot keeps the folders of the fonts accepted.
+# "*.*" rejects font files, but not their folders, whose paths contain no dot.
 CONFIGURATION = """<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
