@@ -61,7 +61,8 @@ export interface Surface {
   clear(background: Colour): void;
 }
 
-/** The other functions of `Window` in platform.h. The module keeps the timers: it reports those that start while they are stopped, and those that stop. */
+/** The other functions of `Window` in platform.h. The module keeps the timers: it reports those that start while they
+ * are stopped, and those that stop. */
 export interface Window {
   readonly surface: Surface;
   activate(): void;
