@@ -99,7 +99,10 @@ class Program(ExitStack):
 
     def exit_status(self, seconds: float = TIMEOUT) -> int:
         """Waits for the process to end. If a signal ended it, the status is the negative signal number."""
-        return self.process.wait(seconds)
+        try:
+            return self.process.wait(seconds)
+        except subprocess.TimeoutExpired:
+            raise WaitFailed(f"the program did not end within {seconds:.0f} s") from None
 
     def error_output(self) -> str:
         """Everything written to standard error so far."""
