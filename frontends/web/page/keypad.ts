@@ -2,7 +2,7 @@
 
 /** The keypad for fingers. Its keys give the program what the keys of a keyboard give. */
 
-import { type KeyStroke, backspace, escape, right, typing } from "./keys";
+import { type KeyStroke, backspace, escape, keyFor, right } from "./keys";
 
 interface KeyDescription {
   readonly caption: string;
@@ -13,7 +13,7 @@ interface KeyDescription {
 }
 
 function digit(caption: string, className = "digit"): KeyDescription {
-  return { caption, name: caption, className, stroke: typing(caption) };
+  return { caption, name: caption, className, stroke: keyFor(caption) };
 }
 
 /** In rows of four columns; the last two keys are two columns wide. */
@@ -25,7 +25,7 @@ const keys: readonly KeyDescription[] = [
   digit("7"), digit("8"), digit("9"),
   { caption: "→", name: "Continuer", className: "goOn", stroke: right },
   digit("0", "zero"),
-  { caption: "=", name: "Valider", className: "submit", stroke: typing("=") },
+  { caption: "=", name: "Valider", className: "submit", stroke: keyFor("=") },
 ];
 
 // As a keyboard repeats, in milliseconds.

@@ -7,14 +7,14 @@ export type KeyStroke = Readonly<Record<"code" | "character", number>>;
 
 // Codes as in platform.h.
 const otherKey = 0;
-export const enter: KeyStroke = { code: 13, character: 13 };
+const enter: KeyStroke = { code: 13, character: 13 };
 export const right: KeyStroke = { code: 39, character: 0 };
-export const backspace = typing("\b");
-export const escape = typing("\x1b");
+export const backspace = keyFor("\b");
+export const escape = keyFor("\x1b");
 const namedKeys = new Map([["Enter", enter], ["ArrowRight", right], ["Backspace", backspace], ["Escape", escape]]);
 
-/** The key that types a character and does nothing else. */
-export function typing(character: string): KeyStroke { return { code: otherKey, character: character.charCodeAt(0) }; }
+/** The key that types this character and does nothing else. */
+export function keyFor(character: string): KeyStroke { return { code: otherKey, character: character.charCodeAt(0) }; }
 
 const modifiers = /^(Shift|Control|Alt|AltGraph|Meta|OS|CapsLock|NumLock|ScrollLock|Fn|FnLock|Super|Hyper|Symbol)/;
 const keysOfBrowser = /^(F\d+|Browser|Audio|Media|Launch|Process)/;
@@ -41,12 +41,12 @@ export function translateKey(event: KeyboardEvent): KeyStroke | null {
   if (event.isComposing || isWithCommand(event) || modifiers.test(event.key) || keysOfBrowser.test(event.key))
     return null;
   const digit = typedDigit(event);
-  if (digit !== "") return typing(digit);
+  if (digit !== "") return keyFor(digit);
   if (event.key === "Unidentified") return null; // Firefox 153 also so names the 5 of the keypad without Num Lock
   const named = namedKeys.get(event.key);
   if (named) return named;
   const isCharacter = event.key.length === 1 && visibleCharacter.test(event.key);
-  return isCharacter ? typing(event.key) : { code: otherKey, character: 0 };
+  return isCharacter ? keyFor(event.key) : { code: otherKey, character: 0 };
 }
 
 export type ZoomStep = "larger" | "smaller" | "normal";
